@@ -28,29 +28,40 @@ struct turn_row {
 extern const turn_row turn_table[turncount];
 
 extern const int inversemove[turncount]; // ORDER TURN: the code that takes the turn back
+extern const char movelist[];            // "UDLRFB": the face letter of codes 0..11 is [code / 2]
 
 void applyturn(int code); // turns the cube; a code outside 0..23 does nothing
 
-// The queue
+// The queue. In use are turns[turn..turnptr - 1]; turns[turnptr] is the end mark.
 
 constexpr int queuesize = 1000; // 999 turns and the end mark
 
-extern int turns[queuesize]; // codes that wait, in order, ended by -1; all 0..turnptr are written
+extern int turns[queuesize]; // codes that wait, in order, ended by -1; initially just the -1
 extern int turn;             // next entry to animate; 0 when the queue is empty
 extern int turnptr;          // next entry to write, 0..999
 
-void queueturn(int code); // appends and ends the queue; when 999 wait, does nothing
-void clearqueue();        // drops what waits; the turn in progress goes on
+// Appends the code and ends the queue: 1. When 999 are queued already it changes nothing: 0.
+// A code outside 0..23 is a mistake of the caller.
+int queueturn(int code);
+
+// Drops what waits; the turn in progress goes on. The driver calls it too when it has taken the
+// last turn, so that a parse which appends (notation.h, reversing) starts where the driver reads.
+void clearqueue();
 
 // The turn in progress
 
 extern int turnmode;    // its code, -1 for none. Started through startturn
 extern int ttime;       // its frame, 0..TURNTIME - 1; rests at -1 between turns, 0 before the first
 extern int TURNTIME;    // frames a quarter turn, 1..999; initially 120
-extern int turnlanded;  // 1 from the frame that applied this turn to the cube until the turn ends
 extern int needsredraw; // 1: the view is out of date and no animation redraws it; initially 1
 
-// Makes code the turn in progress, also in the middle of another one, whose frame it inherits.
+// 1 from the moment the turn in progress has been applied to the cube until it ends; else 0. While
+// it is 1 the view draws the still cube, and the turn cannot land a second time when the window is
+// redrawn (uncovered, resized, behind a message) before the driver has ended the turn.
+extern int turnlanded;
+
+// Makes code (-1..23) the turn in progress, -1 for none, and clears turnlanded. Also in the middle
+// of another turn: that one is lost, and the new one inherits its frame.
 void startturn(int code);
 
-void initturns(); // back to the initial values; for tests
+void initturns(); // all of the above back to the initial values; for tests
