@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#include "render/glwrap.h"
+
+#include <FL/gl.h>
+
+void Color3f(float r, float g, float b) {
+    glColor3f(r, g, b);
+}
+
+void Viewport(int x, int y, int w, int h) {
+    glViewport(x, y, w, h);
+}
+
+void LoadIdentity() {
+    glLoadIdentity();
+}
+
+void PushMatrix() {
+    glPushMatrix();
+}
+
+void PopMatrix() {
+    glPopMatrix();
+}
+
+// Deliberate: NOT-BUGS.md, "GetMatrix does nothing"
+void GetMatrix(float[4][4]) {}
+
+void Rotatef(float angle, float x, float y, float z) {
+    glRotatef(angle, x, y, z);
+}
+
+void Scalef(float x, float y, float z) {
+    glScalef(x, y, z);
+}
+
+void Translatef(float x, float y, float z) {
+    glTranslatef(x, y, z);
+}
+
+void Frustum(float left, float right, float bottom, float top, float near, float far) {
+    glFrustum(left, right, bottom, top, near, far);
+}
+
+void readmatrix(float* m) {
+    glGetFloatv(GL_MODELVIEW_MATRIX, m);
+}
+
+void polygon(const float corners[4][3]) {
+    glBegin(GL_POLYGON);
+    for (int i = 0; i < 4; i++) {
+        glVertex2fv(corners[i]);
+    }
+    glEnd();
+}
