@@ -1,0 +1,189 @@
+// SPDX-License-Identifier: MIT
+#include "app/driver.h"
+
+#include "app/mainwindow.h"
+#include "app/messages.h"
+#include "app/my_input.h"
+#include "model/notation.h"
+#include "model/turns.h"
+#include "render/cube_box.h"
+#include "shell.h"
+#include "solver/cubecheck.h"
+
+#include <FL/Fl.H>
+
+#include <cstdlib>
+#include <cstring>
+
+constinit int singlestepptr = 0;
+
+namespace {
+
+void takequeuedturn() {
+    startturn(turns[turn]);
+    ++turn;
+    if (turns[turn] == noturn) {
+        clearqueue();
+    }
+    needsredraw = 1;
+}
+
+void quietpass() {
+    Fl::wait();
+    if (needsredraw != 0) {
+        cube->redraw();
+        needsredraw = 0;
+    }
+    Fl::remove_idle(IdleFunc, nullptr);
+    Fl::add_timeout(0.1, timeoutfunc, nullptr);
+}
+
+// The frame of ttime = TURNTIME - 1 applies the turn. It is painted by the delay of the pass after
+// the one that asked for it, but nobody asked for it where a turn starts on its last frame (the
+// first turn at speed 1) or where the speed was changed to just this frame. No turn may be lost.
+void makesureitlands() {
+    if (ttime == TURNTIME - 1 && turnlanded == 0) {
+        cube->redraw();
+        Fl::flush();
+    }
+}
+
+void endturn() {
+    ttime = -1;
+    startturn(noturn);
+    needsredraw = 1;
+}
+
+void animationpass() {
+    if (alt_q() != 0) {
+        ttime = TURNTIME - 1; // the turn ends in this pass, unfinished: it is taken back
+        clearqueue();
+    } else {
+        makesureitlands();
+    }
+    ++ttime;
+    cube->redraw();
+    if (ttime == TURNTIME) {
+        endturn();
+    }
+    needsredraw = 1;
+}
+
+void showstep() {
+    inp->position(singlestepptr, singlestepptr);
+    inp->redraw();
+}
+
+bool startspair(char c) {
+    return c == '>' || c == '*';
+}
+
+} // namespace
+
+void IdleFunc(void*) {
+    delay();
+    if (turnmode != noturn) {
+        animationpass();
+    } else if (turns[turn] != noturn) {
+        takequeuedturn(); // its first frame comes with the next pass
+    } else {
+        quietpass();
+    }
+}
+
+void timeoutfunc(void*) {
+    Fl::add_idle(IdleFunc, nullptr);
+}
+
+void landturn() {
+    if (turnmode == noturn) {
+        return;
+    }
+    ttime = TURNTIME - 1;
+    makesureitlands();
+    endturn();
+}
+
+void delay() {
+    Fl::wait(0.001);
+}
+
+void setspeed() {
+    const std::string current = std::to_string(TURNTIME);
+    const char* answer = askline("New speed -- larger means slower", current.c_str());
+    if (answer == nullptr) {
+        return;
+    }
+    const long speed = std::strtol(answer, nullptr, 10);
+    if (speed >= 1 && speed <= 999) {
+        TURNTIME = static_cast<int>(speed);
+    }
+    if (ttime >= TURNTIME) {
+        ttime = TURNTIME - 2;
+    }
+}
+
+void singlestepmacro() {
+    const char* text = inp->value();
+    const int length = static_cast<int>(std::strlen(text));
+    if (singlestepptr >= length) {
+        singlestepptr = 0;
+    }
+    const char* token = text + singlestepptr;
+    int tokenlength = length == 0 ? 0 : 1;
+    if (startspair(*token) && singlestepptr + 1 < length) {
+        tokenlength = 2;
+    }
+    singlestepptr += tokenlength;
+    parsing = 1;
+    parsestring(token, tokenlength);
+    parsing = 0;
+    showstep();
+}
+
+void revsinglestepmacro() {
+    const char* text = inp->value();
+    const int length = static_cast<int>(std::strlen(text));
+    if (singlestepptr > length) {
+        singlestepptr = length; // the text was shortened since the last step
+    }
+    if (singlestepptr == 0) {
+        return;
+    }
+    parsing = 1;
+    if (singlestepptr > 1 && startspair(text[singlestepptr - 2])) {
+        singlestepptr -= 2;
+        revparsestring(text + singlestepptr, 2);
+        // Deliberate: NOT-BUGS.md, "A step back over a slice leaves the parser queueing"
+    } else {
+        --singlestepptr;
+        revparsestring(text + singlestepptr, 1);
+        parsing = 0;
+    }
+    showstep();
+}
+
+std::optional<std::string> checkedmacro() {
+    const std::string text = inp->value();
+    if (sanitycheckmacro(text.c_str(), static_cast<int>(text.size())) == 0) {
+        const char* reason = geterrorstring();
+        showalert(("Macro screwed up:\n" + std::string(reason == nullptr ? "" : reason)).c_str());
+        return std::nullopt;
+    }
+    return inp->value(); // the check converts a Singmaster form in place
+}
+
+void applymacro() {
+    const std::optional<std::string> macro = checkedmacro();
+    if (!macro) {
+        return;
+    }
+    const int length = static_cast<int>(macro->size());
+    inp->set_changed();
+    parsing = 0;
+    if (Fl::event_state(FL_SHIFT) != 0) {
+        revparsestring(macro->c_str(), length);
+    } else {
+        parsestring(macro->c_str(), length);
+    }
+}

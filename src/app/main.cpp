@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+//
+// The program: builds the one window and enters the toolkit's loop.
+//
+// The random generator is never seeded: scrambles repeat from run to run, so that two people can
+// talk about "the third scramble".
+#include "app/driver.h"
+#include "app/mainwindow.h"
+#include "model/cube.h"
+#include "render/cube_box.h"
+#include "render/projection.h"
+
+#include <FL/Fl.H>
+#include <FL/Fl_Window.H>
+#include <FL/x.H>
+
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+// The toolkit's last words, for instance about a display that cannot be opened.
+[[noreturn]] void failure(const char* format, ...) {
+    va_list arguments;
+    va_start(arguments, format);
+    std::fputs("vexel: ", stderr);
+    std::vfprintf(stderr, format, arguments);
+    std::fputs(".\n", stderr);
+    va_end(arguments);
+    std::exit(1);
+}
+
+void opendisplay() {
+    Fl::fatal = failure;
+    fl_open_display();
+    if (!viewpossible()) {
+        failure("This display offers no double-buffered OpenGL visual, which the cube view needs");
+    }
+}
+
+} // namespace
+
+int main() {
+    opendisplay();
+    initdrawface();
+    initcubies();
+    makeform("Vexel's Cube Simulator");
+    form->xclass("Vexel");
+    form->show();
+    cube->show();
+    initcubies();
+    cube->take_focus();
+    Fl::add_idle(IdleFunc, nullptr);
+    return Fl::run();
+}

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+#include "app/messages.h"
+
+#include "app/mainwindow.h"
+#include "shell.h"
+
+#include <FL/Fl_Box.H>
+#include <FL/Fl_Window.H>
+#include <FL/fl_ask.H>
+
+#include <cstdio>
+#include <string>
+
+constinit int displayorder = 1;
+
+constinit Fl_Window* messagewindow = nullptr;
+constinit char smessage[200] = {};
+
+namespace {
+
+// The boxes show their text as a label, in which "@" begins a symbol and "@@" is the letter.
+std::string label(const char* text) {
+    std::string doubled;
+    for (const char* c = text; c != nullptr && *c != '\0'; ++c) {
+        doubled.append(*c == '@' ? 2 : 1, *c);
+    }
+    return doubled;
+}
+
+} // namespace
+
+void displaystring(const char* text) {
+    if (displayorder != 0) {
+        fl_message("%s", label(text).c_str());
+    }
+}
+
+void showalert(const char* text) {
+    fl_alert("%s", label(text).c_str());
+}
+
+bool askyesno(const char* question) {
+    // What the toolkit's own yes-or-no question does; that function is marked as obsolete.
+    return fl_choice("%s", fl_no, fl_yes, nullptr, label(question).c_str()) == 1;
+}
+
+const char* askline(const char* prompt, const char* preset) {
+    return fl_input("%s", preset, label(prompt).c_str());
+}
+
+void showmessagewindow(const char* text, double) {
+    static Fl_Box* box = nullptr;
+    if (messagewindow == nullptr) {
+        messagewindow = new Fl_Window(250, 100);
+        box = new Fl_Box(FL_UP_BOX, 5, 5, 240, 90, nullptr);
+        box->labelfont(FL_HELVETICA_BOLD);
+        box->labelsize(14);
+        box->align(FL_ALIGN_INSIDE);
+        messagewindow->border(0);
+        messagewindow->end();
+    }
+    std::snprintf(smessage, sizeof smessage, "%s", text);
+    box->label(smessage);
+    box->redraw_label();
+    // Deliberate: NOT-BUGS.md, "The wait panel is off centre"
+    const int x = form->x() + form->w() / 2 - 100;
+    const int y = form->y() + form->h() / 2 - 50;
+    messagewindow->position(x, y);
+    messagewindow->resize(x, y, 230, 100);
+    box->resize(0, 0, 230, 100);
+    messagewindow->show();
+}
+
+void hidemessagewindow() {
+    messagewindow->hide();
+}

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+//
+// my_input: the macro line, an input field whose arrow keys step through the macro.
+//
+// Keys      Right, Left      one turn forwards, backwards; refused while a turn is animated, so a
+//                            held key steps once per finished turn
+//           Enter            the callback, inp_cb (dispatch.h)
+//           Ctrl+A           applies the macro, then edits as the toolkit's key does
+//           Alt+letter       turns a face, as in the view
+//           anything else    edits; the length read-out follows every event
+// Callers   mainwindow makes the one instance, inp.
+#pragma once
+
+#include <FL/Fl_Input.H>
+
+class my_input : public Fl_Input {
+  public:
+    using Fl_Input::Fl_Input;
+
+    // 1 when the event was used. The arrows are asked for by their held state at every event that
+    // arrives, not only at key events.
+    int handle(int event) override;
+};

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+//
+// What shell.h asks of the main window, over its widgets. Messages and the commands stand with
+// their own kind: messages.cpp, driver.cpp (delay), dispatch.cpp (b_cb, interpretkey, alt_q).
+#include "shell.h"
+
+#include "app/mainwindow.h"
+#include "app/my_input.h"
+
+#include <FL/Fl_Button.H>
+#include <FL/Fl_Output.H>
+
+namespace {
+
+void relabel(Fl_Button* button, const char* text) {
+    button->copy_label(text);
+    button->redraw_label();
+}
+
+} // namespace
+
+const char* macroline() {
+    return inp->value();
+}
+
+void setmacroline(const char* text) {
+    inp->value(text);
+}
+
+void macrolinechanged() {
+    inp->set_changed();
+}
+
+void setlengthreadout(const char* text) {
+    out->value(text);
+}
+
+void lengthreadoutchanged() {
+    out->set_changed();
+}
+
+void labelrecordbutton(const char* text) {
+    relabel(recbut, text);
+}
+
+void labelsavebutton(const char* text) {
+    relabel(bsave, text);
+}
