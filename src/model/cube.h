@@ -41,6 +41,8 @@ extern unsigned char cubefaces[placecount];  // home place of the facelet that l
 extern const char faces[]; // "ULFRBD", ORDER FACE: face letter by face number
 extern const char color[]; // "WGRBOY": colour letter by colour index, for the printed net alone
 
+inline constexpr unsigned oppositeface[cubefacecount] = {5, 3, 4, 1, 2, 0}; // ORDER FACE
+
 // ORDER CUBIE. A name gives the faces of the cubie; the places are in the order of the letters.
 extern const char* const edgecubies[edgecount];
 extern const char* const cornercubies[cornercount];

@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: MIT
+#include "model/turns.h"
+
+#include "model/cube.h"
+
+#include <cassert>
+
+// ORDER TURN: text, kind of turn, face (ORDER FACE), quarter turns of it.
+constexpr turn_row turn_table[turncount] = {
+    {"U",  face_turn,  0, 1}, //  0
+    {"u",  face_turn,  0, 3}, //  1
+    {"D",  face_turn,  5, 1}, //  2
+    {"d",  face_turn,  5, 3}, //  3
+    {"L",  face_turn,  1, 1}, //  4
+    {"l",  face_turn,  1, 3}, //  5
+    {"R",  face_turn,  3, 1}, //  6
+    {"r",  face_turn,  3, 3}, //  7
+    {"F",  face_turn,  2, 1}, //  8
+    {"f",  face_turn,  2, 3}, //  9
+    {"B",  face_turn,  4, 1}, // 10
+    {"b",  face_turn,  4, 3}, // 11
+    {"*F", slice_turn, 2, 1}, // 12
+    {"*B", slice_turn, 4, 1}, // 13
+    {"*L", slice_turn, 1, 1}, // 14
+    {"*R", slice_turn, 3, 1}, // 15
+    {"*U", slice_turn, 0, 1}, // 16
+    {"*D", slice_turn, 5, 1}, // 17
+    {">R", cube_turn,  3, 1}, // 18
+    {">L", cube_turn,  1, 1}, // 19
+    {">U", cube_turn,  0, 1}, // 20
+    {">D", cube_turn,  5, 1}, // 21
+    {">F", cube_turn,  2, 1}, // 22
+    {">B", cube_turn,  4, 1}, // 23
+};
+
+// ORDER TURN
+constexpr int inversemove[turncount] = {
+    1,  0,  3,  2,  5,  4,  // U D L
+    7,  6,  9,  8,  11, 10, // R F B
+    13, 12, 15, 14, 17, 16, // *F *L *U
+    19, 18, 21, 20, 23, 22, // >R >U >F
+};
+
+constexpr char movelist[] = "UDLRFB"; // ORDER TURN, pairs
+
+namespace {
+
+// A pair is one face in both directions, or one axis from both of its ends.
+constexpr bool inversepair(const turn_row& a, const turn_row& b) {
+    if (a.kind != b.kind) {
+        return false;
+    }
+    if (a.kind == face_turn) {
+        return a.face == b.face && a.quarters + b.quarters == 4;
+    }
+    return b.face == oppositeface[a.face] && a.quarters == 1 && b.quarters == 1;
+}
+
+constexpr bool soundturns() {
+    for (int code = 0; code < turncount; code++) {
+        const turn_row& row = turn_table[code];
+        if (inversemove[code] != (code ^ 1) || !inversepair(row, turn_table[code ^ 1])) {
+            return false;
+        }
+        if (code < 12 && code % 2 == 0 && row.notation[0] != movelist[code / 2]) {
+            return false;
+        }
+    }
+    return true;
+}
+
+static_assert(soundturns());
+
+} // namespace
+
+// State
+
+constinit int turns[queuesize] = {noturn};
+constinit int turn = 0;
+constinit int turnptr = 0;
+constinit int turnmode = noturn;
+constinit int ttime = 0;
+constinit int TURNTIME = 120;
+constinit int needsredraw = 1;
+constinit int turnlanded = 0;
+
+void applyturn(int code) {
+    if (code < 0 || code >= turncount) {
+        return;
+    }
+    const turn_row& row = turn_table[code];
+    for (int quarter = 0; quarter < row.quarters; quarter++) {
+        switch (row.kind) {
+        case face_turn: moveface(row.face); break;
+        case slice_turn: moveslice(row.face); break;
+        case cube_turn: movecube(row.face); break;
+        }
+    }
+}
+
+int queueturn(int code) {
+    assert(code >= 0 && code < turncount);
+    if (turnptr >= queuesize - 1) {
+        return 0;
+    }
+    turns[turnptr++] = code;
+    turns[turnptr] = noturn;
+    return 1;
+}
+
+void clearqueue() {
+    turn = 0;
+    turnptr = 0;
+    turns[0] = noturn;
+}
+
+void startturn(int code) {
+    assert(code >= noturn && code < turncount);
+    turnmode = code;
+    turnlanded = 0;
+}
+
+void initturns() {
+    clearqueue();
+    startturn(noturn);
+    ttime = 0;
+    TURNTIME = 120;
+    needsredraw = 1;
+}
