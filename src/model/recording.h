@@ -4,7 +4,7 @@
 //
 // State     below. The macro line and the labels of two buttons follow it through the seam
 //           (shell.h): the texts "Record On"/"Record Off" and "Save Cube"/"Restore Cube".
-// Callers   notation (record, savecubex, restorecubex), the commands Record, Undo and Save Cube, and
+// Callers   notation (record, savecubex, restorecubex); the commands Record, Undo and Save Cube;
 //           recordstop from every command that ends a recording.
 // Order     nothing to set up: not recording, nothing saved.
 #pragma once
