@@ -1,0 +1,514 @@
+// SPDX-License-Identifier: MIT
+#include "model/notation.h"
+
+#include "model/recording.h"
+#include "model/rounds.h"
+#include "model/turns.h"
+#include "shell.h"
+
+#include <climits>
+#include <cstdio>
+#include <cstring>
+#include <string>
+#include <vector>
+
+// State
+
+constinit int parsing = 0;
+constinit int parselevel = 0;
+constinit int macorder = 0;
+constinit int reversing = 0;
+constinit char saveparse[saveparsesize] = "";
+constinit int saveparselen = 0;
+
+void initnotation() {
+    parsing = 0;
+    parselevel = 0;
+    macorder = 0;
+    reversing = 0;
+    saveparse[0] = '\0';
+    saveparselen = 0;
+}
+
+// Characters
+
+char flipcase(char c) {
+    return static_cast<char>(c > 'Z' ? c - 32 : c + 32);
+}
+
+char flipdir(char c) {
+    switch (c) {
+    case 'F': return 'B';
+    case 'B': return 'F';
+    case 'U': return 'D';
+    case 'D': return 'U';
+    case 'R': return 'L';
+    case 'L': return 'R';
+    default: return ' ';
+    }
+}
+
+int istwist(char c) {
+    return flipdir(c) != ' ' ? 1 : 0;
+}
+
+namespace {
+
+bool ispair(char c) {
+    return c == '*' || c == '>';
+}
+
+bool isdecimal(char c) {
+    return c >= '0' && c <= '9';
+}
+
+// Index of c among the six letters of order, or -1.
+int sixindex(const char* order, char c) {
+    const void* found = memchr(order, c, 6);
+    return found == nullptr ? -1 : static_cast<int>(static_cast<const char*>(found) - order);
+}
+
+// The turn code of a face letter of either case, or -1. ORDER TURN
+int facecode(char c) {
+    const int clockwise = sixindex(movelist, c);
+    if (clockwise >= 0) {
+        return 2 * clockwise;
+    }
+    const int counter = sixindex("udlrfb", c);
+    return counter < 0 ? noturn : 2 * counter + 1;
+}
+
+// The turn code of a pair, or -1. ORDER TURN
+int paircode(char kind, char c) {
+    const int index = sixindex(kind == '*' ? "FBLRUD" : "RLUDFB", c);
+    return index < 0 ? noturn : index + (kind == '*' ? 12 : 18);
+}
+
+int countdigit(int count, char digit) {
+    const long long grown = count * 10LL + (digit - '0');
+    return static_cast<int>(grown < INT_MAX ? grown : INT_MAX);
+}
+
+} // namespace
+
+// Parsing
+
+namespace {
+
+// A group that is being parsed: between begin and end, both exclusive, lie its characters.
+struct group {
+    int begin, end;
+    int resume; // where the text around it goes on
+    int count;  // rounds; 0 for "s"
+};
+
+struct parse {
+    const char* text;
+    int length;
+    landing to;
+    std::vector<int> partner;  // by place in the text: where the group that starts there ends
+    std::vector<group> groups; // those around the current place, the innermost last
+};
+
+constexpr int nopartner = -1;
+
+// Group ends are found before anything is done, since a group without an end is not done at all.
+
+void matchforwards(parse& p) {
+    std::vector<int> open;
+    p.partner.assign(static_cast<size_t>(p.length), nopartner);
+    for (int i = 0; i < p.length; i++) {
+        if (ispair(p.text[i])) {
+            i++;
+        } else if (p.text[i] == '(') {
+            open.push_back(i);
+        } else if (p.text[i] == ')' && !open.empty()) {
+            p.partner[static_cast<size_t>(open.back())] = i;
+            open.pop_back();
+        }
+    }
+}
+
+void matchbackwards(parse& p) {
+    std::vector<int> open;
+    p.partner.assign(static_cast<size_t>(p.length), nopartner);
+    for (int i = p.length - 1; i >= 0; i--) {
+        if (i > 0 && ispair(p.text[i - 1])) {
+            i--;
+        } else if (p.text[i] == ')') {
+            open.push_back(i);
+        } else if (p.text[i] == '(' && !open.empty()) {
+            p.partner[static_cast<size_t>(open.back())] = i;
+            open.pop_back();
+        }
+    }
+}
+
+parse beginparse(const char* text, int length, char bracket) {
+    parse p = {
+        text, length < 0 ? 0 : length, {parsing != 0, {}, {}},
+                {  },
+                { }
+    };
+    if (memchr(text, bracket, static_cast<size_t>(p.length)) != nullptr) {
+        bracket == '(' ? matchforwards(p) : matchbackwards(p);
+    }
+    return p;
+}
+
+void entergroup(parse& p, const group& entered) {
+    if (entered.count == 0) {
+        landreset(p.to);
+    }
+    beginround(p.to);
+    p.groups.push_back(entered);
+    parselevel++;
+}
+
+// 1, or 0 if the queue is full.
+int leavegroup(parse& p) {
+    const int count = p.groups.back().count;
+    p.groups.pop_back();
+    parselevel--;
+    if (count == 0 && !p.to.queueing) {
+        endorder(p.to);
+        macorder = p.to.orders.back();
+        return 1;
+    }
+    return endrounds(p.to, count == 0 ? 1 : count);
+}
+
+// The orders are told when all is done: while a message is up the window goes on drawing, and even
+// turns can land.
+void endparse(const parse& p) {
+    parselevel = 0;
+    for (int order : p.to.orders) {
+        char text[40];
+        snprintf(text, sizeof text, "order = %d", order);
+        displaystring(text);
+    }
+}
+
+// One level of the forward parse.
+struct forward_place {
+    int i;
+    int count;  // of the digits directly before i
+    bool armed; // an "s" came since the last group of this level
+};
+
+int levelend(const parse& p) {
+    return parselevel == 0 ? p.length : p.groups.back().end;
+}
+
+void openforwards(parse& p, forward_place& at) {
+    const int close = p.partner[static_cast<size_t>(at.i)];
+    if (close == nopartner) {
+        at.i = p.length; // only at top level: inside a group that ends all groups end
+    } else if (at.armed || at.count > 0) {
+        entergroup(p, {at.i, close, close + 1, at.armed ? 0 : at.count});
+        at = {at.i + 1, 0, false};
+    } else {
+        at.i = close + 1;
+    }
+}
+
+// After an order the rest of the level is not parsed.
+int closeforwards(parse& p, forward_place& at) {
+    const group left = p.groups.back();
+    const int good = leavegroup(p);
+    at = {left.count == 0 ? levelend(p) : left.resume, 0, false};
+    return good;
+}
+
+// One character, or two for a pair. 1, or 0 if the queue is full.
+int stepforwards(parse& p, forward_place& at) {
+    const char c = p.text[at.i];
+    int code = facecode(c);
+    switch (c) {
+    case '(':
+        openforwards(p, at);
+        at.count = 0;
+        return 1;
+    case 's': at.armed = true; break;
+    case 'x': landreset(p.to); break;
+    case '*':
+    case '>':
+        at.i++;
+        code = at.i < levelend(p) ? paircode(c, p.text[at.i]) : noturn;
+        break;
+    default: break;
+    }
+    at.i++;
+    at.count = isdecimal(c) ? countdigit(at.count, c) : 0;
+    return code == noturn ? 1 : landturn(p.to, code);
+}
+
+void parseforwards(parse& p) {
+    forward_place at = {0, 0, false};
+    int good = 1;
+    while (good != 0 && (at.i < levelend(p) || parselevel > 0)) {
+        good = at.i < levelend(p) ? stepforwards(p, at) : closeforwards(p, at);
+    }
+}
+
+} // namespace
+
+int parsestring(const char* text, int length) {
+    if (parsing != 0 && parselevel == 0 && reversing == 0) {
+        clearqueue();
+    }
+    parse p = beginparse(text, length, '(');
+    const int queueing = parsing;
+    parseforwards(p);
+    endparse(p);
+    return queueing != 0 ? turnptr : 0;
+}
+
+// Parsing backwards
+
+namespace {
+
+constexpr int countdigits = 5; // of a group's count, at most
+
+int levelbegin(const parse& p) {
+    return parselevel == 0 ? -1 : p.groups.back().begin;
+}
+
+bool endspair(const parse& p, int i) {
+    return i > levelbegin(p) + 1 && ispair(p.text[i - 1]);
+}
+
+// Goes into the group that ends at i. 1 to go on, 0 if the level ends here.
+int openbackwards(parse& p, int& i) {
+    const int open = p.partner[static_cast<size_t>(i)];
+    if (open == nopartner) {
+        i = -1; // only at top level
+        return 1;
+    }
+    int before = open - 1;
+    while (before >= 0 && isdecimal(p.text[before])) {
+        before--;
+    }
+    if (before == open - 1) {
+        return 0;
+    }
+    int count = 0;
+    for (int d = open - before > countdigits ? open - countdigits : before + 1; d < open; d++) {
+        count = countdigit(count, p.text[d]);
+    }
+    if (count < 1) {
+        i = before;
+    } else {
+        entergroup(p, {open, i, before, count});
+        i--;
+    }
+    return 1;
+}
+
+// One character, or two for a pair; i is inside the level. 1, or 0 if the queue is full.
+int stepbackwards(parse& p, int& i) {
+    const char c = p.text[i];
+    int code = noturn;
+    if (endspair(p, i)) {
+        code = paircode(p.text[i - 1], flipdir(c));
+        i--;
+    } else if (facecode(c) != noturn) {
+        code = facecode(flipcase(c));
+    }
+    i--;
+    return code == noturn ? 1 : landturn(p.to, code);
+}
+
+// 1 if the reversal ended as it should, 0 if a group without digits ended it at top level.
+int parsebackwards(parse& p) {
+    int i = p.length - 1;
+    int good = 1;
+    while (good != 0 && (i > levelbegin(p) || parselevel > 0)) {
+        if (i <= levelbegin(p)) {
+            i = p.groups.back().resume;
+            good = leavegroup(p);
+        } else if (p.text[i] != ')' || endspair(p, i)) {
+            good = stepbackwards(p, i);
+        } else if (openbackwards(p, i) == 0) {
+            // Deliberate: NOT-BUGS.md, "A group without digits ends a reversal"
+            if (parselevel == 0) {
+                return 0;
+            }
+            i = levelbegin(p);
+        }
+    }
+    return 1;
+}
+
+} // namespace
+
+void revparsestring(const char* text, int length) {
+    reversing = 1;
+    if (parsing != 0) {
+        clearqueue();
+    }
+    parse p = beginparse(text, length, ')');
+    if (parsebackwards(p) != 0) {
+        reversing = 0;
+    }
+    endparse(p);
+}
+
+int calcorder(const char* macro) {
+    const std::string text = "s(" + std::string(macro) + ")";
+    const int mode = parsing;
+    savecubex();
+    macrolinechanged();
+    parsing = 0;
+    parsestring(text.c_str(), static_cast<int>(text.size()));
+    parsing = mode;
+    restorecubex();
+    needsredraw = 1;
+    return macorder;
+}
+
+// Checking and counting
+
+namespace {
+
+// 1 if the character at i may stand there, with depth groups open; counts them on.
+int goodcharacter(const char* text, int i, int& depth) {
+    const char c = text[i];
+    if (c == '(') {
+        depth++;
+        return i > 0 && (isdecimal(text[i - 1]) || text[i - 1] == 's') ? 1 : 0;
+    }
+    if (c == ')') {
+        return depth-- > 0 ? 1 : 0;
+    }
+    return facecode(c) != noturn || isdecimal(c) || c == 's' ? 1 : 0;
+}
+
+int goodmacro(const char* text, int length) {
+    int depth = 0;
+    for (int i = 0; i < length; i++) {
+        if (ispair(text[i])) {
+            // Deliberate: NOT-BUGS.md, "The letter of a pair is not checked"
+            if (++i >= length) {
+                return 0;
+            }
+        } else if (goodcharacter(text, i, depth) == 0) {
+            return 0;
+        }
+    }
+    return depth == 0 ? 1 : 0;
+}
+
+} // namespace
+
+int sanitycheckmacro(const char* text, int length) {
+    if (length < 1 || text[0] != '[') {
+        return goodmacro(text, length);
+    }
+    if (parsesingmaster() == 0) {
+        return 0;
+    }
+    return goodmacro(macroline(), static_cast<int>(strlen(macroline())));
+}
+
+int parsesingmaster() {
+    const char* c = macroline();
+    std::string plain;
+    for (; *c != '\0' && *c != ']'; c++) {
+        if (istwist(*c) == 0) {
+            continue;
+        }
+        plain += c[1] == '\'' ? flipcase(*c) : *c;
+        if (c[1] == '2') {
+            plain += *c;
+        }
+        if (c[1] == '\'' || c[1] == '2') {
+            c++;
+        }
+    }
+    if (*c != ']') {
+        return 0;
+    }
+    setmacroline(plain.c_str());
+    loadout(plain.c_str());
+    return 1;
+}
+
+namespace {
+
+int saturated(long long turncounted) {
+    return static_cast<int>(turncounted < INT_MAX ? turncounted : INT_MAX);
+}
+
+// A group that is being counted.
+struct counted_group {
+    int around; // turns counted before it
+    int rounds;
+};
+
+constexpr int badlength = -1;
+
+} // namespace
+
+int maclen(const char* text, int length) {
+    std::vector<counted_group> groups;
+    int turnscounted = 0;
+    int count = 0;
+    bool counting = false; // digits were just before
+    for (int i = 0; i < length; i++) {
+        const char c = text[i];
+        if (counting && c != '(' && !isdecimal(c)) {
+            return badlength;
+        }
+        if (c == '(') {
+            groups.push_back({turnscounted, counting ? count : 1});
+            turnscounted = 0;
+        } else if (c == ')' && !groups.empty()) {
+            const counted_group done = groups.back();
+            groups.pop_back();
+            turnscounted = saturated(done.around + 1LL * done.rounds * turnscounted);
+        } else if (facecode(c) != noturn) {
+            turnscounted = saturated(turnscounted + 1LL);
+        }
+        counting = isdecimal(c);
+        count = counting ? countdigit(count, c) : 0;
+    }
+    return counting || !groups.empty() ? badlength : turnscounted;
+}
+
+void loadout(const char* text) {
+    const int turnscounted = maclen(text, static_cast<int>(strlen(text)));
+    char readout[20] = "*****";
+    if (turnscounted != badlength) {
+        snprintf(readout, sizeof readout, "%d", turnscounted);
+    }
+    setlengthreadout(readout);
+}
+
+// Landing
+
+void sparsestring(const char* text, int length) {
+    saveparselen = 0;
+    while (saveparselen < length && saveparselen < saveparsesize - 1) {
+        saveparse[saveparselen] = text[saveparselen];
+        saveparselen++;
+    }
+    saveparse[saveparselen] = '\0';
+}
+
+// Everything is in order before record() is called: its alert lets the window draw and turns land.
+void doparsestring() {
+    if (saveparselen == 0) {
+        return;
+    }
+    const std::string landed = saveparse;
+    const int mode = parsing;
+    parsing = 0;
+    parsestring(saveparse, saveparselen);
+    parsing = mode;
+    sparsestring("", 0);
+    if (turnmode != noturn) {
+        turnlanded = 1;
+    }
+    record(landed.c_str());
+}
