@@ -2,6 +2,7 @@
 #include "heapcount.h"
 
 #include <cstddef>
+#include <cstdlib>
 
 #if defined(__SANITIZE_ADDRESS__)
 #define HEAPCOUNT_HOOKS 1
@@ -23,7 +24,10 @@ long heapcalls() {
 
 #ifdef HEAPCOUNT_HOOKS
 
-#include <sanitizer/allocator_interface.h>
+// As in sanitizer/allocator_interface.h, which not every compiler installs.
+extern "C" int __sanitizer_install_malloc_and_free_hooks(void (*)(const volatile void*,
+                                                                  std::size_t),
+                                                         void (*)(const volatile void*));
 
 namespace {
 

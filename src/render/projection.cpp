@@ -6,7 +6,7 @@
 
 #include <cassert>
 #include <cstring>
-#include <utility>
+#include <initializer_list>
 
 constinit listface* facelist[facelimit] = {};
 constinit int facelistcount = 0;
@@ -23,9 +23,12 @@ constinit listface records[facelimit] = {};
 void sortfaces() {
     for (const int gap : {301, 132, 57, 23, 10, 4, 1}) {
         for (int i = gap; i < facelistcount; i++) {
-            for (int j = i; j >= gap && compdepth(&facelist[j - gap], &facelist[j]) > 0; j -= gap) {
-                std::swap(facelist[j - gap], facelist[j]);
+            listface* const moving = facelist[i];
+            int hole = i;
+            for (; hole >= gap && compdepth(&facelist[hole - gap], &moving) > 0; hole -= gap) {
+                facelist[hole] = facelist[hole - gap];
             }
+            facelist[hole] = moving;
         }
     }
 }
