@@ -157,7 +157,11 @@ void polygon(const float corners[4][3]) {
     p.g = currentcolor[1];
     p.b = currentcolor[2];
     for (int i = 0; i < 4; i++) {
-        p.x[i] = corners[i][0];
-        p.y[i] = corners[i][1];
+        const float x = corners[i][0];
+        const float y = corners[i][1];
+        const float* m = currentmatrix;
+        const float w = m[3] * x + m[7] * y + m[15];
+        p.x[i] = (m[0] * x + m[4] * y + m[12]) / w;
+        p.y[i] = (m[1] * x + m[5] * y + m[13]) / w;
     }
 }

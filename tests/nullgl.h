@@ -11,7 +11,7 @@
 
 struct painted {
     float r, g, b;
-    float x[4], y[4]; // device coordinates of the corners
+    float x[4], y[4]; // the corners in device coordinates, through the current matrix
 };
 
 constexpr int paintedlimit = 1024;

@@ -414,6 +414,22 @@ TEST_F(Animation, LastFrameShowsTheRearViewAtTheFullNinetyDegrees) {
     }
 }
 
+TEST_F(Animation, RearViewOfTheLastFrameIsThatOfTheLandedCube) {
+    frame();
+    const std::vector<modelpoint> still = stickercenters(records);
+    for (int code = 0; code < turncount; code++) {
+        SCOPED_TRACE(turn_table[code].notation);
+        setframe(code, 119, 120);
+        frame();
+        const std::vector<modelpoint> last = stickercenters(records);
+        initcubies();
+        applyturn(code);
+        for (std::size_t place = 0; place < placecount; place++) {
+            EXPECT_LT(distance(last[cubefaces[place]], still[place]), 1e-5);
+        }
+    }
+}
+
 TEST_F(Animation, FrameBeforeTheLastShowsBothViewsAtTheSameAngle) {
     setframe(8, 118, 120);
     frame();
