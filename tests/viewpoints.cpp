@@ -59,7 +59,7 @@ viewpoint lookat(int place, int size) {
     const bool rear = face == right_face || face == back_face || face == down_face;
     modelpoint p = stickercenter(place);
     if (!rear && place % 9 == 4) {
-        (face == up_face ? p.z : p.y) += face == up_face ? 0.5 : -0.5;
+        (face == up_face ? p.x : p.y) -= 0.5;
     }
     const viewpixel pixel = project(p, rear, size);
     return {place, pixel.x, pixel.y, rear};

@@ -41,6 +41,6 @@ modelpoint stickercenter(int place);
 viewpixel project(modelpoint p, bool rear, int size = viewsize);
 
 // The point to look at for place 0..53. It is the centre of the sticker, except that the middle
-// stickers of F, U and L, which carry a letter right of and above their centre, are looked at
-// half a unit (about 20 pixels) further down.
+// stickers of F, U and L, which carry a letter right of and above their centre, are looked at half
+// a unit (12 to 20 pixels) further down, on U, which lies flat, further left.
 viewpoint lookat(int place, int size = viewsize);
