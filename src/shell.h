@@ -29,6 +29,25 @@ void labelsavebutton(const char* text);   // "Save Cube" or "Restore Cube"
 void displaystring(const char* text); // information; silent while displayorder is 0
 void showalert(const char* text);     // an error or a result
 
+// Questions; each returns when the user has answered. A text that is returned is null when the user
+// cancelled, and good until the next question.
+
+bool askyesno(const char* question);                         // true for "Yes"
+const char* askline(const char* prompt, const char* preset); // a line of text, preset to begin with
+const char* askfile(const char* title, const char* pattern,
+                    const char* preset); // a file's name; a null pattern offers every file
+
+// The named macros (macros/library.h), as the list and the gizmo panel show them
+
+void showmacros();               // makes the list anew from the table; its first entry is chosen
+int chosenmacro();               // the entry chosen in the list; 0 in an empty one
+void choosemacro(int macro);     // chooses an entry that the list has
+void applymacro();               // checks the macro line and does it at once, or tells why not
+void macrodisplay(int x, int y); // makes the panel anew and shows it, or hides an empty one: with
+                                 // the words "No macros in gizmo" if x and y are both 0
+void refreshmacrodisplay();      // only keeps a panel that is in sight true, without a word
+void hidemacrodisplay();         // hides the panel, if there is one
+
 // Time
 
 void delay(); // lets the toolkit handle what waits: at most one millisecond

@@ -18,6 +18,18 @@ void showmessage(const char* kind, const char* text) {
     }
 }
 
+// "kind: question [preset]"; the next answer of the script.
+const char* nextanswer(const std::string& question, const char* preset) {
+    static std::optional<std::string> answer;
+    shell.messages.push_back(question + (preset == nullptr ? "" : " [" + textof(preset) + "]"));
+    answer.reset();
+    if (!shell.answers.empty()) {
+        answer = shell.answers.front();
+        shell.answers.pop_front();
+    }
+    return answer ? answer->c_str() : nullptr;
+}
+
 } // namespace
 
 void resetshell() {
@@ -58,6 +70,49 @@ void displaystring(const char* text) {
 
 void showalert(const char* text) {
     showmessage("alert: ", text);
+}
+
+bool askyesno(const char* question) {
+    return nextanswer("yesno: " + textof(question), nullptr) != nullptr;
+}
+
+const char* askline(const char* prompt, const char* preset) {
+    return nextanswer("line: " + textof(prompt), preset == nullptr ? "" : preset);
+}
+
+const char* askfile(const char* title, const char* pattern, const char* preset) {
+    const std::string kind = "file: " + textof(title) + " " + textof(pattern);
+    return nextanswer(kind, preset == nullptr ? "" : preset);
+}
+
+void showmacros() {
+    shell.requests.emplace_back("showmacros()");
+    shell.chosen = 0;
+}
+
+int chosenmacro() {
+    return shell.chosen;
+}
+
+void choosemacro(int macro) {
+    shell.requests.push_back("choosemacro(" + std::to_string(macro) + ")");
+    shell.chosen = macro;
+}
+
+void applymacro() {
+    shell.requests.emplace_back("applymacro()");
+}
+
+void macrodisplay(int x, int y) {
+    shell.requests.push_back("macrodisplay(" + std::to_string(x) + ", " + std::to_string(y) + ")");
+}
+
+void refreshmacrodisplay() {
+    shell.requests.emplace_back("refreshmacrodisplay()");
+}
+
+void hidemacrodisplay() {
+    shell.requests.emplace_back("hidemacrodisplay()");
 }
 
 void delay() {

@@ -8,31 +8,39 @@
 // Order     resetshell() in each fixture's SetUp.
 #pragma once
 
+#include <deque>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
 struct null_shell {
     // Asked so far
-    std::vector<std::string> messages; // "inform: ..." and "alert: ...", in order
+    std::vector<std::string> messages; // "inform: ...", "alert: ..." and questions
     std::vector<long> commands;        // numbers given to b_cb
     std::vector<int> keys;             // keys given to interpretkey
     int linechanges = 0;               // calls of macrolinechanged
     int readoutchanges = 0;            // calls of lengthreadoutchanged
     int delays = 0;                    // calls of delay
     int polls = 0;                     // calls of alt_q
+    std::vector<std::string> requests; // calls for the list and the panel of macros, as written
 
     // Widgets
     std::string line;    // the macro line
     std::string readout; // the macro's length
     std::string recordbutton = "Record On";
     std::string savebutton = "Save Cube";
+    int chosen = 0; // the chosen entry of the list of macros
 
     // Script
     int interruptat = 0; // alt_q is 1 from this poll on, counted from 1; 0 for never
     std::function<void()>
         whilemessage;                 // what goes on while a message is up; runs after recording it
     std::function<void()> whiledelay; // what the toolkit does in delay
+
+    // Answers to the questions to come, in order: a text, "yes" for yes; nothing to cancel. A
+    // question that finds none is cancelled.
+    std::deque<std::optional<std::string>> answers;
 };
 
 extern null_shell shell;

@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#include "macros/macrofile.h"
+
+#include "macros/library.h"
+#include "macros/preferences.h"
+#include "macros/replacefile.h"
+#include "shell.h"
+
+#include <cstring>
+
+constinit std::string lastmacrofilename = {};
+
+namespace {
+
+// Reads one line into text and cuts it at its newline. At the end of the file: false, and text
+// stays as it was.
+bool readline(char (&text)[macrolinesize], std::FILE* file) {
+    if (std::fgets(text, macrolinesize, file) == nullptr) {
+        return false;
+    }
+    text[std::strcspn(text, "\n")] = '\0';
+    return true;
+}
+
+} // namespace
+
+int loadmacrofile(const char* path) {
+    std::FILE* file = std::fopen(path, "r");
+    if (file == nullptr) {
+        return 0;
+    }
+    char name[macrolinesize] = "";
+    char moves[macrolinesize] = "";
+    bool room = true;
+    while (room && readline(name, file)) {
+        // Deliberate: NOT-BUGS.md, "A name without a string gets the string before it"
+        readline(moves, file);
+        room = addmacro(name, moves) != 0;
+    }
+    std::fclose(file);
+    return 1;
+}
+
+void printmacrodefs(std::FILE* file) {
+    for (int i = 0; i < maccount; ++i) {
+        std::fprintf(file, "%s\n%s\n", macnames[i].c_str(), macstrs[i].c_str());
+    }
+}
+
+void dumpmacfile() {
+    const char* answer = askfile("Save Macros in File:", nullptr, nullptr);
+    if (answer == nullptr) {
+        return;
+    }
+    const std::string path = answer;
+    if (replacefile(path.c_str(), printmacrodefs) == 0) {
+        showalert(("Couldn't open " + path + " for writing").c_str());
+    }
+}
+
+void snarfmacros() {
+    const char* answer = askfile("Macro File Name", nullptr, lastmacrofilename.c_str());
+    if (answer == nullptr) {
+        return;
+    }
+    const std::string path = answer;
+    if (loadmacrofile(path.c_str()) != 0) {
+        lastmacrofilename = path;
+        writeprefs();
+    }
+}
