@@ -1,0 +1,591 @@
+// SPDX-License-Identifier: MIT
+#include "model/cube.h"
+#include "model/notation.h"
+#include "model/recording.h"
+#include "model/turns.h"
+#include "model/undo.h"
+#include "nullshell.h"
+
+#include <algorithm>
+#include <climits>
+#include <gtest/gtest.h>
+
+namespace {
+
+using codes = std::vector<int>;
+using messages = std::vector<std::string>;
+
+int lengthof(const std::string& text) {
+    return static_cast<int>(text.size());
+}
+
+class Notation : public testing::Test {
+  protected:
+    void SetUp() override {
+        resetshell();
+        initturns();
+        initcubies();
+        initundo();
+        initnotation();
+        initrecording();
+    }
+
+    static codes queued() { return {turns, turns + turnptr}; }
+
+    // Parses in queueing mode, on the tight copy that a sanitizer watches.
+    static codes queue(const std::string& text) {
+        const std::vector<char> tight(text.begin(), text.end());
+        parsing = 1;
+        EXPECT_EQ(parsestring(tight.data(), lengthof(text)), turnptr);
+        parsing = 0;
+        EXPECT_EQ(noturn, turns[turnptr]);
+        return queued();
+    }
+
+    static codes reversed(const std::string& text) {
+        const std::vector<char> tight(text.begin(), text.end());
+        parsing = 1;
+        revparsestring(tight.data(), lengthof(text));
+        parsing = 0;
+        EXPECT_EQ(noturn, turns[turnptr]);
+        return queued();
+    }
+
+    static void apply(const std::string& text) {
+        EXPECT_EQ(0, parsestring(text.data(), lengthof(text)));
+    }
+
+    static int check(const std::string& text) {
+        return sanitycheckmacro(text.data(), lengthof(text));
+    }
+
+    static int count(const std::string& text) { return maclen(text.data(), lengthof(text)); }
+};
+
+// The forward parse
+
+TEST_F(Notation, ACountBeforeASingleLetterIsLost) {
+    EXPECT_EQ(1, check("2U"));
+    EXPECT_EQ(-1, count("2U"));
+    EXPECT_EQ(codes{0}, queue("2U"));
+}
+
+TEST_F(Notation, AGroupWithoutACountIsSkippedButCounted) {
+    EXPECT_EQ(0, check("(RU)"));
+    EXPECT_EQ(codes{}, queue("(RU)"));
+    EXPECT_EQ(codes{8}, queue("(RU)F"));
+    EXPECT_EQ(2, count("(RU)"));
+    EXPECT_EQ((codes{6, 0, 6, 0, 6, 0}), queue("3(RU)"));
+}
+
+TEST_F(Notation, TheLetterOfAPairIsNotChecked) {
+    EXPECT_EQ(codes{16}, queue("*U"));
+    for (const char* pair : {"*u", "*(", ">)", ">7", "**", "*x"}) {
+        EXPECT_EQ(1, check(pair)) << pair;
+        EXPECT_EQ(codes{}, queue(pair)) << pair;
+        EXPECT_EQ(codes{6}, queue(std::string(pair) + "R")) << pair;
+    }
+}
+
+TEST_F(Notation, EveryTurnHasItsNotation) {
+    for (int code = 0; code < turncount; code++) {
+        EXPECT_EQ(codes{code}, queue(turn_table[code].notation));
+        EXPECT_EQ(codes{inversemove[code]}, reversed(turn_table[code].notation));
+    }
+}
+
+struct parse_case {
+    const char* text;
+    const char* forwards; // plain turns
+    const char* backwards;
+};
+
+std::string plain(const codes& queue) {
+    std::string text;
+    for (int code : queue) {
+        text += turn_table[code].notation;
+    }
+    return text;
+}
+
+TEST_F(Notation, TextsParseEitherWay) {
+    const parse_case cases[] = {
+        {"",               "",                  ""                 },
+        {"R2(FU)",         "RFUFU",             "ufufr"            },
+        {"2U",             "U",                 "u"                }, // steps over the lone digit
+        {"U R?F",          "URF",               "fru"              },
+        {"2(2(R)U)",       "RRURRU",            "urrurr"           },
+        {"10(u)",          "uuuuuuuuuu",        "UUUUUUUUUU"       },
+        {"0(R)U",          "U",                 "u"                },
+        {"007(R)",         "RRRRRRR",           "rrrrrrr"          },
+        {"2 (R)",          "",                  ""                 }, // broken off backwards
+        {"2U(R)",          "U",                 ""                 },
+        {"2*(R)",          "R",                 ""                 }, // ")" has no "("
+        {"2(U*)R)",        "URUR",              "ruru"             },
+        {"*2(R)",          "",                  "rr"               }, // backwards a count
+        {"U2(RF",          "U",                 "fru"              },
+        {"U)R",            "UR",                "r"                },
+        {")R2(U))",        "RUU",               ""                 },
+        {"*>F",            "F",                 ">B"               },
+        {"*F>R",           "*F>R",              ">L*B"             },
+        {"R*",             "R",                 "r"                },
+        {"2()U",           "U",                 "u"                },
+        {"2(3()U)",        "UU",                "uu"               },
+        {"2(2(U*F)2(R))L", "U*FU*FRRU*FU*FRRL", "lrr*Bu*Burr*Bu*Bu"},
+    };
+    for (const parse_case& row : cases) {
+        SCOPED_TRACE(row.text);
+        EXPECT_EQ(row.forwards, plain(queue(row.text)));
+        EXPECT_EQ(row.backwards, plain(reversed(row.text)));
+        initnotation();
+    }
+}
+
+TEST_F(Notation, DirectModeTurnsTheCubeAndKeepsTheCodes) {
+    apply("R2(FU)*U>L");
+    const codes landed = {6, 8, 0, 8, 0, 16, 19};
+    EXPECT_EQ(landed, codes(undobuf, undobuf + undoptr));
+    const std::vector<unsigned char> turned(cubefaces, cubefaces + placecount);
+    initcubies();
+    for (int code : landed) {
+        applyturn(code);
+    }
+    EXPECT_EQ(turned, std::vector<unsigned char>(cubefaces, cubefaces + placecount));
+}
+
+TEST_F(Notation, AReversalTakesTheMacroBack) {
+    const std::string macro = "R2(FU3(*Ul))>L12(bD)";
+    apply(macro);
+    EXPECT_EQ(0, solved());
+    revparsestring(macro.data(), lengthof(macro));
+    EXPECT_EQ(0, reversing);
+    EXPECT_EQ(1, solved());
+    EXPECT_EQ(2 * count(macro), undoptr);
+}
+
+// The queue
+
+TEST_F(Notation, ANewMacroReplacesTheQueue) {
+    queue("RUF");
+    turn = 2;
+    EXPECT_EQ((codes{2, 4}), queue("DL"));
+    EXPECT_EQ(0, turn);
+    turn = 1;
+    EXPECT_EQ(codes{7}, reversed("R"));
+    EXPECT_EQ(0, turn);
+    EXPECT_EQ(codes{}, queue(""));
+}
+
+TEST_F(Notation, DirectModeLeavesTheQueueAlone) {
+    queue("RUF");
+    turn = 1;
+    apply("DLxs(U)");
+    revparsestring("DL", 2);
+    EXPECT_EQ((codes{6, 0, 8}), queued());
+    EXPECT_EQ(1, turn);
+}
+
+TEST_F(Notation, QueueingLeavesTheCubeAlone) {
+    queue("RUF");
+    EXPECT_EQ(1, solved());
+    EXPECT_EQ(0, undoptr);
+}
+
+TEST_F(Notation, TheQueueTakes999TurnsAndTheParseEnds) {
+    apply("U");
+    EXPECT_EQ(codes(999, 6), queue(std::string(999, 'R')));
+    EXPECT_EQ(codes(999, 6), queue(std::string(1000, 'R') + "x"));
+    EXPECT_EQ(0, solved()); // the "x" was not reached
+    EXPECT_EQ(codes(999, 7), reversed(std::string(5000, 'R')));
+    EXPECT_EQ(0, reversing);
+    EXPECT_EQ(codes(999, 6), queue("999999999999(R)"));
+    EXPECT_EQ(codes(999, 6), queue("3(333(R))"));
+    const codes nested = queue("999999(999999(RU))F");
+    EXPECT_EQ(999U, nested.size());
+    EXPECT_EQ(6, nested[998]);
+    EXPECT_EQ(codes(999, 7), reversed("99999(99999(R))"));
+    EXPECT_EQ(0, parselevel);
+}
+
+TEST_F(Notation, CountsStopGrowing) {
+    apply("99999999999999999999999999(R)"); // INT_MAX rounds, 3 modulo 4
+    revparsestring("3(R)", 4);
+    EXPECT_EQ(1, solved());
+}
+
+TEST_F(Notation, AGroupWithoutDigitsEndsTheReversal) {
+    EXPECT_EQ(codes{3}, reversed("U(RF)D"));
+    EXPECT_EQ(1, reversing);
+    EXPECT_EQ(codes{7}, reversed("R"));
+    EXPECT_EQ(0, reversing);
+    EXPECT_EQ((codes{5, 3, 3, 3, 1}), reversed("U3(B(RF)D)L"));
+    EXPECT_EQ(0, reversing); // the level around it ended as it should
+    EXPECT_EQ(codes{}, reversed("s(RU)"));
+    EXPECT_EQ(1, reversing);
+    EXPECT_EQ(0, parselevel);
+}
+
+TEST_F(Notation, AReversalThatBrokeOffMakesParsesAppend) {
+    reversed("U(RF)D");
+    EXPECT_EQ((codes{3, 6}), queue("R"));
+    EXPECT_EQ((codes{3, 6, 0}), queue("U"));
+    EXPECT_EQ(0, turn);
+    clearqueue();
+    EXPECT_EQ(codes{8}, queue("F"));
+    EXPECT_EQ(codes{7}, reversed("R"));
+    EXPECT_EQ(codes{0}, queue("U"));
+}
+
+TEST_F(Notation, AReversalTakesTheLastFiveDigits) {
+    EXPECT_EQ(codes(2, 7), reversed("300002(R)"));
+    EXPECT_EQ((codes{1}), reversed("U100000(R)"));
+    EXPECT_EQ(codes(12, 7), reversed("00012(R)"));
+}
+
+TEST_F(Notation, TheLengthArgumentRules) {
+    EXPECT_EQ((codes{6, 0}), [] {
+        parsing = 1;
+        parsestring("RUF)", 2);
+        return queued();
+    }());
+    parsing = 0;
+    EXPECT_EQ((codes{6, 0}), queue(std::string("R\0U", 3)));
+    EXPECT_EQ((codes{1, 7}), reversed(std::string("R\0U", 3)));
+    EXPECT_EQ(codes{}, queue("*"));
+    EXPECT_EQ(0, parsestring("RUF", -5));
+    revparsestring("RUF", 0);
+    EXPECT_EQ(1, solved());
+    EXPECT_EQ(2, maclen("RUF", 2));
+    EXPECT_EQ(1, sanitycheckmacro("R?", 1));
+}
+
+TEST_F(Notation, AllBytesAreHarmless) {
+    std::string all;
+    for (int byte = 0; byte < 256; byte++) {
+        if (byte != '*' && byte != '>') {
+            all += static_cast<char>(byte);
+        }
+    }
+    EXPECT_EQ(12U, queue(all).size());
+    EXPECT_EQ(12U, reversed(all).size());
+    EXPECT_EQ(0, check(all));
+    EXPECT_EQ(-1, count(all));
+}
+
+TEST_F(Notation, DepthIsNoObstacle) {
+    std::string text;
+    for (int depth = 0; depth < 100000; depth++) {
+        text += "2(";
+    }
+    text += "R" + std::string(100000, ')');
+    EXPECT_EQ(1, check(text));
+    EXPECT_EQ(INT_MAX, count(text));
+    EXPECT_EQ(codes(999, 6), queue(text));
+    EXPECT_EQ(codes(999, 7), reversed(text));
+    apply(text); // a multiple of four turns
+    EXPECT_EQ(1, solved());
+    EXPECT_EQ(-1, count(std::string(1000000, '(')));
+    EXPECT_EQ(codes{}, queue(std::string(1000000, '(')));
+}
+
+// Orders and resets
+
+TEST_F(Notation, XResetsTheCubeInEitherMode) {
+    apply("RU");
+    EXPECT_EQ((codes{8, 4}), queue("FxL"));
+    EXPECT_EQ(1, solved());
+    apply("RUx");
+    EXPECT_EQ(1, solved());
+    apply("R3(Ux)F");
+    revparsestring("F", 1);
+    EXPECT_EQ(1, solved());
+    EXPECT_EQ(0, check("x"));
+}
+
+struct order_case {
+    const char* text;
+    int order;
+    int landed; // turns in the undo buffer
+};
+
+TEST_F(Notation, SFindsTheOrder) {
+    const order_case
+        cases[] =
+            {
+                {"s(RU)",         105, 210},
+                {"s(R)",          4,   4  },
+                {"s()",           1,   0  },
+                {"s(>U)",         1,   1  },
+                {"s(*F)",         4,   4  },
+                {"s(2(R))",       2,   4  },
+                {"s5(R)",         4,   4  }, // the count is of no use
+                {"sU(R)",         4,   5  }, // armed until the next group
+                {"Us(R)FFF",      4,   5  }, // the rest is not parsed
+                {"s(xR)",         0,   2  }, // each application ends alike
+                {"s(Rx)",         1,   1  },
+                {"s(1(s(U))R)",   0,   10 },
+                {"s(s(U)R)",      1,   4  }, // the rest of the group is not parsed either
+                {"s(3(R)2(x)FR)", 0,   10 },
+    };
+    for (const order_case& row : cases) {
+        SCOPED_TRACE(row.text);
+        SetUp();
+        apply("LF");
+        initundo();
+        apply(row.text);
+        EXPECT_EQ(row.order, macorder);
+        EXPECT_EQ(row.landed, undoptr);
+        EXPECT_EQ(row.order != 0 ? 1 : 0, solved());
+        EXPECT_EQ("inform: order = " + std::to_string(row.order), shell.messages.back());
+    }
+}
+
+TEST_F(Notation, AnOrderOfTheTextIsToldOnce) {
+    apply("999999(s(RU))F1(s(F))");
+    EXPECT_EQ((messages{"inform: order = 105", "inform: order = 4"}), shell.messages);
+    EXPECT_EQ(4, macorder);
+}
+
+TEST_F(Notation, AnOrderIsToldWhenTheCubeStandsAsItWill) {
+    int seen = -1;
+    shell.whilemessage = [&seen] {
+        seen = solved();
+        apply("R");
+    };
+    apply("3(s(RU))");
+    EXPECT_EQ(1, seen);
+    EXPECT_EQ(0, parselevel);
+    EXPECT_EQ(codes{6}, codes(undobuf + undoptr - 1, undobuf + undoptr));
+}
+
+TEST_F(Notation, SInQueueingModeQueuesTheGroupOnce) {
+    apply("L");
+    macorder = 7;
+    EXPECT_EQ((codes{8, 6, 0}), queue("Fs(RU)DDD"));
+    EXPECT_EQ(1, solved());
+    EXPECT_EQ(7, macorder);
+    EXPECT_TRUE(shell.messages.empty());
+    EXPECT_EQ((codes{6, 0, 6, 0, 2}), queue("2(s(RU)F)D"));
+}
+
+TEST_F(Notation, TheOrderOfAMacroLeavesItsColoursAlone) {
+    apply("LF");
+    initundo();
+    parsing = 1;
+    needsredraw = 0;
+    const std::vector<unsigned char> before(cubecolors, cubecolors + placecount);
+    EXPECT_EQ(105, calcorder("RU"));
+    EXPECT_EQ(105, macorder);
+    EXPECT_EQ(before, std::vector<unsigned char>(cubecolors, cubecolors + placecount));
+    EXPECT_EQ(messages{"inform: order = 105"}, shell.messages);
+    EXPECT_EQ(1, shell.linechanges);
+    EXPECT_EQ(1, needsredraw);
+    EXPECT_EQ(1, parsing);
+}
+
+TEST_F(Notation, AnOrderRestoresTheColoursOnly) {
+    apply("LF");
+    initundo();
+    calcorder("RU");
+    EXPECT_EQ(210, undoptr);
+    EXPECT_EQ(0, solved());
+    EXPECT_TRUE(std::is_sorted(cubefaces, cubefaces + placecount)); // those of a solved cube
+}
+
+TEST_F(Notation, AnOrderThatIsNoneIsTheLast) {
+    calcorder("RU");
+    EXPECT_EQ(105, calcorder("R*"));
+    EXPECT_EQ(105, calcorder("2(R"));
+    EXPECT_EQ(4, calcorder("[R]2(U)2(U)*?"));
+    EXPECT_EQ(0, calcorder("xR"));
+    EXPECT_EQ(4, calcorder("R)U"));
+}
+
+// Characters
+
+TEST_F(Notation, CharacterHelpers) {
+    EXPECT_EQ('a', flipcase('A'));
+    EXPECT_EQ('z', flipcase('Z'));
+    EXPECT_EQ('A', flipcase('a'));
+    EXPECT_EQ(';', flipcase('['));
+    EXPECT_EQ('P', flipcase('0'));
+    const std::string turning = "BFUDLR";
+    for (int c = CHAR_MIN; c <= CHAR_MAX; c++) {
+        const char letter = static_cast<char>(c);
+        EXPECT_EQ(turning.find(letter) != std::string::npos ? 1 : 0, istwist(letter)) << c;
+        EXPECT_EQ(istwist(letter) != 0, flipdir(letter) != ' ') << c;
+    }
+    EXPECT_EQ("FBDURL", std::string({flipdir('B'), flipdir('F'), flipdir('U'), flipdir('D'),
+                                     flipdir('L'), flipdir('R')}));
+}
+
+// Checking and counting
+
+TEST_F(Notation, TheCheckKnowsGoodFromBad) {
+    for (const char* good : {"", "U", "UDLRFBudlrfb", "2", "12(R)", "s(R)", "s2(R)", "2(2(R)s)",
+                             "*U>R", "*?", "2s(R)", "U2", "**", "*2(R)", "*s(R)"}) {
+        EXPECT_EQ(1, check(good)) << good;
+    }
+    for (const char* bad : {"x", " ", "U R", "(R)", "U(R)", "2(R", "R)", "2(R))", "*", "2(R*)", "a",
+                            "Z", "R'", "()", "2((R))", "\xd5", "\n", "R]", "U[R]"}) {
+        EXPECT_EQ(0, check(bad)) << bad;
+    }
+    EXPECT_EQ(0, sanitycheckmacro("R\0U", 3));
+}
+
+struct length_case {
+    const char* text;
+    int turns;
+};
+
+TEST_F(Notation, LengthsAreCountedByCharacter) {
+    const length_case cases[] = {
+        {"",                      0          },
+        {"U",                     1          },
+        {"UuRr",                  4          },
+        {"*F>R",                  2          },
+        {"3(RU)",                 6          },
+        {"2(R3(U))L",             9          },
+        {"0(RU)",                 0          },
+        {"(RU)F",                 3          },
+        {"s(RU)",                 2          },
+        {"s2(RU)",                4          },
+        {"U)R",                   2          },
+        {"a ?",                   0          },
+        {"2U",                    -1         },
+        {"U2",                    -1         },
+        {"2 (R)",                 -1         },
+        {"2(R",                   -1         },
+        {"(R",                    -1         },
+        {"2(2)",                  -1         },
+        {"0(2U)",                 -1         },
+        {"*(",                    -1         },
+        {"99999(99999(U))",       INT_MAX    },
+        {"99999999999999999(UR)", INT_MAX    },
+        {"2147483646(U)",         INT_MAX - 1},
+        {"2147483646(U)UU",       INT_MAX    },
+    };
+    for (const length_case& row : cases) {
+        EXPECT_EQ(row.turns, count(row.text)) << row.text;
+    }
+}
+
+TEST_F(Notation, TheReadOutShowsTheLengthOrStars) {
+    loadout("3(RU)");
+    EXPECT_EQ("6", shell.readout);
+    loadout("2U");
+    EXPECT_EQ("*****", shell.readout);
+    loadout("");
+    EXPECT_EQ("0", shell.readout);
+    EXPECT_EQ(0, shell.readoutchanges);
+}
+
+// The Singmaster form
+
+struct singmaster_case {
+    const char* line;
+    const char* converted; // null: not converted
+    const char* readout;
+};
+
+TEST_F(Notation, TheSingmasterFormIsConverted) {
+    const singmaster_case cases[] = {
+        {"[R U' F2]",     "RuFF",   "4"   },
+        {"[]",            "",       "0"   },
+        {"[R'2 U2' L]x",  "rUUL",   "4"   },
+        {"[r2 3 (F) *]",  "F",      "1"   },
+        {"R2]",           "RR",     "2"   }, // the "[" is a character to drop
+        {"[B D F L R U]", "BDFLRU", "6"   },
+        {"[R U' F2",      nullptr,  "none"},
+        {"RU",            nullptr,  "none"},
+    };
+    for (const singmaster_case& row : cases) {
+        SCOPED_TRACE(row.line);
+        shell.line = row.line;
+        shell.readout = "none";
+        const bool good = row.converted != nullptr;
+        EXPECT_EQ(good ? 1 : 0, parsesingmaster());
+        EXPECT_EQ(good ? row.converted : row.line, shell.line);
+        EXPECT_EQ(row.readout, shell.readout);
+    }
+}
+
+TEST_F(Notation, ABracketHasTheLineConverted) {
+    shell.line = "[R U' F2]";
+    EXPECT_EQ(1, check(shell.line));
+    EXPECT_EQ("RuFF", shell.line);
+    shell.line = "[R U' F2";
+    EXPECT_EQ(0, check(shell.line));
+    EXPECT_EQ("[R U' F2", shell.line);
+    shell.line = "[L]";
+    EXPECT_EQ(1, check("[? no matter"));
+    EXPECT_EQ("L", shell.line);
+    shell.line = "L";
+    EXPECT_EQ(0, check("[R]"));
+}
+
+// Landing
+
+TEST_F(Notation, APendingTurnLandsOnce) {
+    recordstart();
+    startturn(12);
+    sparsestring("*F", 2);
+    EXPECT_EQ(1, solved());
+    doparsestring();
+    EXPECT_EQ(codes{12}, codes(undobuf, undobuf + undoptr));
+    EXPECT_EQ("*F", shell.line);
+    EXPECT_EQ(1, turnlanded);
+    EXPECT_EQ(0, saveparselen);
+    doparsestring();
+    EXPECT_EQ(1, undoptr);
+}
+
+TEST_F(Notation, ATurnLandsWhateverTheMode) {
+    queue("UF");
+    parsing = 1;
+    sparsestring("R", 1);
+    doparsestring();
+    EXPECT_EQ(codes{6}, codes(undobuf, undobuf + undoptr));
+    EXPECT_EQ((codes{0, 8}), queued());
+    EXPECT_EQ(1, parsing);
+}
+
+TEST_F(Notation, WithoutATurnInProgressNoneHasLanded) {
+    sparsestring("R", 1);
+    doparsestring();
+    EXPECT_EQ(0, turnlanded);
+    EXPECT_EQ(0, solved());
+    startturn(6);
+    doparsestring(); // nothing waits
+    EXPECT_EQ(0, turnlanded);
+}
+
+TEST_F(Notation, OnlyTwoCharactersWait) {
+    sparsestring("*FRU", 4);
+    EXPECT_STREQ("*F", saveparse);
+    EXPECT_EQ(2, saveparselen);
+    sparsestring("R", 1);
+    EXPECT_STREQ("R", saveparse);
+    sparsestring("U", 0);
+    doparsestring();
+    EXPECT_EQ(1, solved());
+}
+
+TEST_F(Notation, BehindTheOverflowAlertTheTurnIsNotDrawnAgain) {
+    recordstart();
+    for (int i = 0; i < recordlimit; i++) {
+        record("U");
+    }
+    startturn(6);
+    int landed = -1;
+    shell.whilemessage = [&landed] {
+        landed = turnlanded;
+        doparsestring();
+    };
+    sparsestring("R", 1);
+    doparsestring();
+    EXPECT_EQ(1, landed);
+    EXPECT_EQ(1, undoptr);
+}
+
+} // namespace

@@ -1,0 +1,181 @@
+// SPDX-License-Identifier: MIT
+//
+// The parser, whose rounds are multiplied, against one that does every round.
+#include "model/cube.h"
+#include "model/notation.h"
+#include "model/recording.h"
+#include "model/rounds.h"
+#include "model/slowparser.h"
+#include "model/turns.h"
+#include "model/undo.h"
+#include "nullshell.h"
+
+#include <cstring>
+#include <gtest/gtest.h>
+#include <random>
+
+namespace {
+
+class Rounds : public testing::Test {
+  protected:
+    void SetUp() override {
+        resetshell();
+        initturns();
+        initcubies();
+        initundo();
+        initnotation();
+        initrecording();
+    }
+};
+
+std::mt19937 numbers(20240117);
+
+int draw(int below) {
+    return static_cast<int>(numbers() % static_cast<unsigned>(below));
+}
+
+char drawof(const std::string& letters) {
+    return letters[static_cast<size_t>(draw(static_cast<int>(letters.size())))];
+}
+
+// Mostly well-formed, with every kind of slip now and then.
+std::string drawmacro(int depth) {
+    std::string text;
+    for (int items = draw(6); items >= 0; items--) {
+        const int kind = draw(20);
+        if (kind < 8) {
+            text += drawof("UDLRFBudlrfb");
+        } else if (kind < 11) {
+            text += drawof("*>");
+            text += drawof("FBLRUDFBLRUDu(*)7");
+        } else if (kind < 17 && depth > 0) {
+            static const int counts[] = {1, 2, 3, 5, 12, 40, 123, 450};
+            text += std::to_string(counts[draw(8)]) + "(" + drawmacro(depth - 1) + ")";
+        } else if (kind == 17) {
+            text += "s(" + drawmacro(depth - 1) + ")";
+        } else if (kind == 18) {
+            text += drawof("xxs0 ?\xe9");
+        } else {
+            text += drawof("()*>19");
+        }
+    }
+    return text;
+}
+
+// A state to start from that is nobody's first thought.
+void drawstate(slow_run& run) {
+    for (int i = draw(900); i > 0; i--) {
+        const int code = draw(24);
+        applyturn(code);
+        undosave(code);
+        run.undo.push_back(code);
+        if (run.undo.size() > 800) {
+            run.undo.erase(run.undo.begin(), run.undo.begin() + 500);
+        }
+    }
+    savecubex();
+    if (draw(3) == 0) {
+        jumblecube();
+        restorecubex(); // colours at odds with cubefaces: both move alike all the same
+    }
+    if (draw(2) == 0 && undoptr > 0) {
+        undo();
+        run.undo.pop_back();
+        run.undounderway = true;
+    }
+    run.cube = modelcube();
+}
+
+std::vector<int> queued() {
+    return {turns, turns + turnptr};
+}
+
+void expectsame(const slow_run& run) {
+    EXPECT_TRUE(run.cube == modelcube());
+    EXPECT_EQ(run.queue, queued());
+    EXPECT_EQ(noturn, turns[turnptr]);
+    EXPECT_EQ(run.undo, std::deque<int>(undobuf, undobuf + undoptr));
+    EXPECT_EQ(run.order, macorder);
+    EXPECT_EQ(run.stuck ? 1 : 0, reversing);
+    EXPECT_EQ(0, parselevel);
+}
+
+// Runs macros against the twin until enough were short enough for it.
+template <class Parse, class Slow> void compare(int mode, Parse fast, Slow slow) {
+    int compared = 0;
+    while (compared < 1000) {
+        resetshell();
+        initturns();
+        initundo();
+        initnotation();
+        slow_run run;
+        run.queueing = mode == 1;
+        drawstate(run);
+        const std::string text = drawmacro(4);
+        SCOPED_TRACE(text);
+        slow(run, text);
+        parsing = mode;
+        fast(text.c_str(), static_cast<int>(text.size()));
+        if (run.budget >= 0) {
+            expectsame(run);
+            compared++;
+        }
+        ASSERT_FALSE(testing::Test::HasFailure());
+    }
+}
+
+TEST_F(Rounds, DirectParsesAgreeWithTheSlowParser) {
+    compare(0, parsestring, slowparse);
+}
+
+TEST_F(Rounds, QueueingParsesAgreeWithTheSlowParser) {
+    compare(1, parsestring, slowparse);
+}
+
+TEST_F(Rounds, DirectReversalsAgreeWithTheSlowParser) {
+    compare(0, revparsestring, slowreverse);
+}
+
+TEST_F(Rounds, QueueingReversalsAgreeWithTheSlowParser) {
+    compare(1, revparsestring, slowreverse);
+}
+
+// The same end by another road: rounds that are too many for the slow parser, modulo the order.
+TEST_F(Rounds, HugeCountsAreExactAtOnce) {
+    slow_run run;
+    const int rounds = static_cast<int>(999999LL * 999999LL % 105); // RU is of order 105
+    slowparse(run, std::to_string(rounds) + "(RU)");
+    const std::string text = "999999(999999(RU))";
+    parsestring(text.c_str(), static_cast<int>(text.size()));
+    EXPECT_TRUE(run.cube == modelcube());
+
+    // 2 * 999999^2 codes, an even number: the buffer ends in U, and holds 301 + (n - 801) % 500.
+    const long long codes = 2 * 999999LL * 999999LL;
+    ASSERT_EQ(301 + (codes - 801) % 500, undoptr);
+    for (int back = 1; back <= undoptr; back++) {
+        ASSERT_EQ(back % 2 == 1 ? 0 : 6, undobuf[undoptr - back]) << back;
+    }
+}
+
+TEST_F(Rounds, LongRoundsLeaveTheUndoBufferOfEachTurn) {
+    for (const char* text : {"1301(R)", "801(R)", "1300(U)", "3(700(R)U)", "7(999(R)3(432(UF)))"}) {
+        SCOPED_TRACE(text);
+        initcubies();
+        initundo();
+        slow_run run;
+        slowparse(run, text);
+        parsestring(text, static_cast<int>(strlen(text)));
+        expectsame(run);
+    }
+}
+
+TEST_F(Rounds, RoundsOfNothingEnd) {
+    const std::string text = "2147483647(2147483647(2147483647()))R";
+    parsing = 1;
+    EXPECT_EQ(1, parsestring(text.c_str(), static_cast<int>(text.size())));
+    parsing = 0;
+    EXPECT_EQ(0, parsestring(text.c_str(), static_cast<int>(text.size())));
+    EXPECT_EQ(1, undoptr);
+}
+
+} // namespace

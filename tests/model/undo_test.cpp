@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: MIT
+#include "model/cube.h"
+#include "model/notation.h"
+#include "model/turns.h"
+#include "model/undo.h"
+#include "nullshell.h"
+
+#include <cstring>
+#include <gtest/gtest.h>
+#include <vector>
+
+namespace {
+
+class Undo : public testing::Test {
+  protected:
+    void SetUp() override {
+        resetshell();
+        initturns();
+        initcubies();
+        initundo();
+        initnotation();
+    }
+
+    static void apply(const char* macro) { parsestring(macro, static_cast<int>(strlen(macro))); }
+
+    // What the driver and the view do: the turn in progress lands and ends.
+    static void land() {
+        const char* notation = turn_table[turnmode].notation;
+        sparsestring(notation, static_cast<int>(strlen(notation)));
+        doparsestring();
+        startturn(noturn);
+    }
+
+    static std::vector<int> held() { return {undobuf, undobuf + undoptr}; }
+};
+
+TEST_F(Undo, EightHundredAndOneTurnsLeave301) {
+    for (int i = 0; i < 800; i++) {
+        undosave(i % 24);
+    }
+    EXPECT_EQ(800, undoptr);
+    undosave(800 % 24);
+    ASSERT_EQ(301, undoptr);
+    for (int i = 0; i < 301; i++) {
+        EXPECT_EQ((500 + i) % 24, undobuf[i]) << i;
+    }
+}
+
+TEST_F(Undo, AFurther500UndosEmptyWhatIsLeft) {
+    for (int i = 0; i < 801; i++) {
+        undosave(i % 24);
+    }
+    for (int i = 0; i < 500; i++) {
+        if (undoptr > 0) {
+            undo();
+            land();
+        }
+    }
+    EXPECT_EQ(0, undoptr);
+    undo();
+    EXPECT_EQ(noturn, turnmode);
+}
+
+TEST_F(Undo, TheSecondThousandIsForgottenLikeTheFirst) {
+    for (int i = 0; i < 1301; i++) {
+        undosave(i % 24);
+    }
+    EXPECT_EQ(301, undoptr);
+    EXPECT_EQ(1300 % 24, undobuf[300]);
+    EXPECT_EQ(1000 % 24, undobuf[0]);
+}
+
+TEST_F(Undo, TurnsComeBackInvertedLastFirst) {
+    apply("UFR");
+    EXPECT_EQ((std::vector<int>{0, 8, 6}), held());
+    for (int inverse : {7, 9, 1}) {
+        undo();
+        EXPECT_EQ(inverse, turnmode);
+        land();
+    }
+    EXPECT_EQ(1, solved());
+    EXPECT_EQ(0, undoptr);
+}
+
+TEST_F(Undo, EveryCodeIsTakenBackByItsInverse) {
+    for (int code = 0; code < turncount; code++) {
+        initcubies();
+        moveface(3);
+        moveslice(1);
+        std::vector<unsigned char> before(cubefaces, cubefaces + placecount);
+        apply(turn_table[code].notation);
+        undo();
+        EXPECT_EQ(inversemove[code], turnmode);
+        land();
+        EXPECT_EQ(before, std::vector<unsigned char>(cubefaces, cubefaces + placecount)) << code;
+        EXPECT_EQ(0, undoptr);
+    }
+}
+
+TEST_F(Undo, AnEmptyBufferUndoesNothing) {
+    undo();
+    EXPECT_EQ(noturn, turnmode);
+    undosave(4);
+    EXPECT_EQ(1, undoptr); // no flag was left behind
+}
+
+TEST_F(Undo, AnUndoStartsATurnThatHasNotLanded) {
+    apply("U");
+    turnlanded = 1;
+    undo();
+    EXPECT_EQ(0, turnlanded);
+}
+
+TEST_F(Undo, ASecondUndoStoresTheInverseTurn) {
+    apply("UF");
+    undo();
+    undo();
+    EXPECT_EQ(9, turnmode);
+    EXPECT_EQ(1, undoptr);
+    land();
+    EXPECT_EQ((std::vector<int>{0, 9}), held());
+}
+
+TEST_F(Undo, ResettingForgetsTurnsAndAnUndoUnderWay) {
+    apply("UF");
+    undo();
+    redomax = 7;
+    initundo();
+    EXPECT_EQ(0, undoptr);
+    EXPECT_EQ(-1, redomax);
+    undosave(3);
+    EXPECT_EQ(1, undoptr);
+}
+
+TEST_F(Undo, ThereIsNoRedo) {
+    apply("UF");
+    undo();
+    land();
+    redo();
+    EXPECT_EQ(noturn, turnmode);
+    EXPECT_EQ(1, undoptr);
+}
+
+TEST_F(Undo, QueuedTurnsAreNotStoredBeforeTheyLand) {
+    parsing = 1;
+    apply("UF");
+    EXPECT_EQ(0, undoptr);
+}
+
+} // namespace
