@@ -145,12 +145,11 @@ void matchbackwards(parse& p) {
 }
 
 parse beginparse(const char* text, int length, char bracket) {
-    parse p = {
-        text, length < 0 ? 0 : length, {parsing != 0, {}, {}},
-                {  },
-                { }
-    };
-    if (memchr(text, bracket, static_cast<size_t>(p.length)) != nullptr) {
+    parse p;
+    p.text = text;
+    p.length = length < 0 ? 0 : length;
+    p.to.queueing = parsing != 0;
+    if (p.length > 0 && memchr(text, bracket, static_cast<size_t>(p.length)) != nullptr) {
         bracket == '(' ? matchforwards(p) : matchbackwards(p);
     }
     return p;
