@@ -2,6 +2,7 @@
 #include "solver/search.h"
 
 #include "shell.h"
+#include "solver/near1.h"
 #include "solver/perms.h"
 #include "solver/pruning.h"
 
@@ -31,11 +32,95 @@ int sliceedge_of(const cube_struc& cube, const int (&marked)[4]) {
     return sliceedge_pack(labels);
 }
 
-// The coordinate that start becomes by the twists of a stage-1 stack.
-int replay(const a_node* stack, std::uint16_t* const* moves, int start) {
-    for (; stack->remaining > 0; stack++)
-        start = moves[stack[1].twist][start];
-    return start;
+// Where a stage-1 node stands, up to symmetry.
+struct a_place {
+    std::uint16_t edge_class;
+    std::uint16_t corner;  // as the representative of the class sees it
+    std::uint8_t symmetry; // takes the real cube to the representative
+    std::uint8_t twist;    // by which it was reached
+};
+
+struct a_level {
+    a_place place;
+    int count, next;                 // of the children, and of those tried
+    a_place children[a_twist_count]; // in order of their twists
+};
+
+// The permutations along the stage-1 stack, each good up to the node with the index that is told.
+struct {
+    int corners, slices;
+    int cornerperm[stack_size];
+    int sliceedge[3][stack_size];
+} carried;
+
+a_place place_of(const a_node& root) {
+    const class_step step = classify_edges(root.a_eflip * a_eloc_size + root.a_eloc);
+    return {step.edge_class, symmetry_on_corner[root.a_corner][step.symmetry], step.symmetry, 0};
+}
+
+// Where twist t leads to, or edge_class_count for its class if the edges alone forbid it.
+bool step_to(const a_place& from, int t, int remaining, a_place& to) {
+    const int seen = symmetry_on_twist[from.symmetry][t];
+    const class_step step = edge_class_steps[from.edge_class][seen];
+    to.edge_class = step.edge_class;
+    to.corner = symmetry_on_corner[a_corner_steps[from.corner].after[seen]][step.symmetry];
+    to.symmetry = symmetry_on_symmetry[step.symmetry][from.symmetry];
+    to.twist = static_cast<std::uint8_t>(t);
+    return step.distance <= remaining;
+}
+
+// Lists the children of a stage-1 node from which the subgroup can be reached in time.
+int expand(const a_place& from, const a_node& node, a_place* children) {
+    const int remaining = node.remaining - 1;
+    // 1. The quarter turns that the edges allow. Their words of the sieve are far apart in memory
+    // and are asked for all at once.
+    a_place candidates[a_twist_count];
+    sieve_place words[a_twist_count];
+    const sieve& near = near1_sieves[std::min(remaining, near1_radius)];
+    int candidate_count = 0;
+    // The last twist must come from outside: a cube in the subgroup before it has had its stage 2
+    // at a lower depth, with no better end. This holds of U' as of the others.
+    for (int t = 0; t < a_twist_count; t += t % 3 == 0 ? 2 : 1) {
+        if (a_twist_list_ptrs[t][node.state] == forbidden_state ||
+            (remaining == 0 && t / 3 % 3 == 2))
+            continue;
+        a_place& to = candidates[candidate_count];
+        const bool good = step_to(from, t, remaining, to);
+        words[candidate_count] = sieve_find(near, near1_number(to.edge_class, to.corner));
+        __builtin_prefetch(words[candidate_count].word);
+        candidate_count += good;
+    }
+    // 2. Those that the sieve lets pass.
+    int count = 0;
+    int last = -1;
+    for (int i = 0; i < candidate_count; i++) {
+        const bool good =
+            remaining > near1_radius || (*words[i].word & words[i].bits) == words[i].bits;
+        if (!good)
+            continue;
+        const int t = candidates[i].twist;
+        // 3. A half turn is a quarter turn from both, and has one quarter turn less to go.
+        if (t % 3 == 2 && last == t - 2 && remaining > 1) {
+            a_place to;
+            if (step_to(from, t - 1, remaining - 1, to) &&
+                near1_within(to.edge_class, to.corner, remaining - 1))
+                children[count++] = to;
+        }
+        children[count++] = candidates[i];
+        last = t;
+    }
+    for (int i = 0; i < count; i++) {
+        const class_step* const row = edge_class_steps[children[i].edge_class];
+        __builtin_prefetch(row);
+        __builtin_prefetch(row + a_twist_count - 1);
+    }
+    return count;
+}
+
+// Brings one carried permutation up to the node at depth.
+void carry(const a_node* stack, std::uint16_t* const* moves, int* values, int from, int depth) {
+    for (int i = from; i < depth; i++)
+        values[i + 1] = moves[stack[i + 1].twist][values[i]];
 }
 
 void append(const char* text) {
@@ -92,6 +177,9 @@ void solve_cube(cube_struc& cube) {
         stage2_allotment = shortest_solution - depth - increment;
         if (stage2_allotment < 0)
             return;
+        carried.cornerperm[0] = cube.cornerperm;
+        for (int slot = 0; slot < 3; slot++)
+            carried.sliceedge[slot][0] = cube.sliceedge[slot];
         a_node stack[stack_size];
         stack[0] = {depth, -1, start_state, cube.a_corner, cube.a_eflip, cube.a_eloc};
         stack[1].twist = -1;
@@ -105,64 +193,72 @@ void solve_cube(cube_struc& cube) {
 }
 
 int stage1_search(a_node* stack) {
-    for (a_node* node = stack; node >= stack;) {
-        // 1. Let the user interrupt.
-        if (testclick())
-            return 0;
-        a_node_count++;
-        a_node* const next = node + 1;
-        bool taken = false;
-        if (node->remaining == 0) {
-            // 2. In the subgroup.
-            if (stack->remaining == 0 || !is_stage2_twist[node->twist])
+    assert(metric == quarter_turn_metric && stack->remaining <= longest_search);
+    a_level levels[stack_size];
+    levels[0].place = place_of(*stack);
+    carried.corners = carried.slices = 0;
+    int depth = 0;
+    bool entering = true;
+    while (depth >= 0) {
+        a_node* const node = stack + depth;
+        a_level& level = levels[depth];
+        if (entering) {
+            // 1. Let the user interrupt.
+            if (testclick())
+                return 0;
+            a_node_count++;
+            level.count = level.next = 0;
+            if (node->remaining == 0) {
+                // 2. In the subgroup. No solution can be better than one that stage 2 adds nothing
+                // to, nor than one a quarter turn longer.
                 stage2_solve(stack);
-        } else {
-            // 3. The next twist that may lead there.
-            for (int t = next->twist + 1; t < a_twist_count && !taken; t++) {
-                const int state = a_twist_list_ptrs[t][node->state];
-                const int remaining = node->remaining - a_metric_length[t];
-                if (state == forbidden_state)
-                    continue;
-                const int corner = twist_on_corner_ptrs[t][node->a_corner];
-                const int eflip = twist_on_eflip_ptrs[t][node->a_eflip];
-                if (corner_eflip_dist_ptrs[corner][eflip] > remaining)
-                    continue;
-                const int eloc = twist_on_eloc_ptrs[t][node->a_eloc];
-                if (corner_eloc_dist_ptrs[corner][eloc] > remaining ||
-                    eflip_eloc_dist_ptrs[eflip][eloc] > remaining)
-                    continue;
-                *next = {remaining, t, state, corner, eflip, eloc};
-                taken = true;
+                if (stage2_allotment < 0)
+                    return 1;
+            } else {
+                // 3. All twists that lead there in time.
+                level.count = expand(level.place, *node, level.children);
             }
         }
         // 4, 5. Down or up.
-        if (taken) {
-            node = next;
-            node[1].twist = -1;
+        entering = level.next < level.count;
+        if (entering) {
+            const a_place& child = level.children[level.next++];
+            depth++;
+            levels[depth].place = child;
+            stack[depth].remaining = node->remaining - a_metric_length[child.twist];
+            stack[depth].twist = child.twist;
+            stack[depth].state = a_twist_list_ptrs[child.twist][node->state];
+            carried.corners = std::min(carried.corners, depth - 1);
+            carried.slices = std::min(carried.slices, depth - 1);
         } else {
-            node--;
+            depth--;
         }
     }
     return 1;
 }
 
 void stage2_solve(const a_node* stage1_stack) {
-    const cube_struc& cube = *p_current_cube;
+    int depth = 0;
+    while (stage1_stack[depth].remaining > 0)
+        depth++;
     // 1. The corners alone.
-    const int cornerperm = replay(stage1_stack, a_twist_on_cornerperm_ptrs, cube.cornerperm);
+    carry(stage1_stack, a_twist_on_cornerperm_ptrs, carried.cornerperm, carried.corners, depth);
+    carried.corners = depth;
+    const int cornerperm = carried.cornerperm[depth];
     if (cornerperm_dist_table[cornerperm] > stage2_allotment)
         return;
     // 2. With the slice edges.
-    const int midperm =
-        sliceedge_to_midperm[replay(stage1_stack, twist_on_sliceedge_ptrs, cube.sliceedge[0])];
+    for (auto& slot : carried.sliceedge)
+        carry(stage1_stack, twist_on_sliceedge_ptrs, slot, carried.slices, depth);
+    carried.slices = depth;
+    const int midperm = sliceedge_to_midperm[carried.sliceedge[0][depth]];
     const int mid_corner = mid_cornerperm_dist_ptrs[midperm][cornerperm];
     if (mid_corner > stage2_allotment)
         return;
     // 3. With the edges of the layers.
-    const int even = replay(stage1_stack, twist_on_sliceedge_ptrs, cube.sliceedge[1]);
-    const int odd = replay(stage1_stack, twist_on_sliceedge_ptrs, cube.sliceedge[2]);
-    const int edgeperm =
-        half_to_edgeperm_ptrs[sliceedge_to_halfedgeperm[even]][sliceedge_to_halfedgeperm[odd]];
+    const int even = sliceedge_to_halfedgeperm[carried.sliceedge[1][depth]];
+    const int odd = sliceedge_to_halfedgeperm[carried.sliceedge[2][depth]];
+    const int edgeperm = half_to_edgeperm_ptrs[even][odd];
     const int mid_edge = mid_edgeperm_dist_ptrs[midperm][edgeperm];
     if (mid_edge > stage2_allotment)
         return;

@@ -1,16 +1,26 @@
 // SPDX-License-Identifier: MIT
 #include "solver/solver.h"
 
+#include "solver/near1.h"
 #include "solver/pruning.h"
 #include "solver/search.h"
+#include "solver/symmetry.h"
 
 #include <iterator>
 
 namespace {
 
+void distances_of_stage1_edges() {
+    a_eflip_eloc_dist_init(eflip_eloc_dist_table, eflip_eloc_dist_ptrs);
+    // All that stage 1 needs beside the described tables.
+    symmetry_tables_init();
+    near1_extend(near1_ordinary);
+}
+
 using step_function = void (*)();
 
 // ORDER STEP
+// clang-format off
 constexpr step_function steps[] = {
     [] { options_init(user_options); },                                                      //  0
     [] { twist_lengths_init(&a_metric_length, &b_metric_length); },                          //  1
@@ -19,11 +29,12 @@ constexpr step_function steps[] = {
     transformation_tables_init,                                                              //  4
     [] { a_corner_eflip_dist_init(corner_eflip_dist_table, corner_eflip_dist_ptrs); },       //  5
     [] { a_corner_eloc_dist_init(corner_eloc_dist_table, corner_eloc_dist_ptrs); },          //  6
-    [] { a_eflip_eloc_dist_init(eflip_eloc_dist_table, eflip_eloc_dist_ptrs); },             //  7
+    distances_of_stage1_edges,                                                               //  7
     [] { b_cornerperm_dist_init(cornerperm_dist_table); },                                   //  8
-    [] { b_mid_cornerperm_dist_init(mid_cornerperm_dist_table, mid_cornerperm_dist_ptrs); }, // 9
+    [] { b_mid_cornerperm_dist_init(mid_cornerperm_dist_table, mid_cornerperm_dist_ptrs); }, //  9
     [] { b_mid_edgeperm_dist_init(mid_edgeperm_dist_table, mid_edgeperm_dist_ptrs); },       // 10
 };
+// clang-format on
 
 constexpr int step_count = std::size(steps);
 static_assert(step_count == 11);
