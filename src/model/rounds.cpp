@@ -29,8 +29,10 @@ std::string multiplied(const std::string& codes, int count) {
     const size_t length =
         total > keptcodes ? undolimit + 1 + (total - undolimit - 1) % undodrop : total;
     std::string result(length, '\0');
-    for (size_t back = 1; back <= length; back++) {
-        result[length - back] = codes[codes.size() - 1 - (back - 1) % codes.size()];
+    for (size_t end = length; end > 0;) {
+        const size_t taken = end < codes.size() ? end : codes.size();
+        result.replace(end - taken, taken, codes, codes.size() - taken, taken);
+        end -= taken;
     }
     return result;
 }

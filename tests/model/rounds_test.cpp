@@ -143,6 +143,7 @@ TEST_F(Rounds, QueueingReversalsAgreeWithTheSlowParser) {
 // The same end by another road: rounds that are too many for the slow parser, modulo the order.
 TEST_F(Rounds, HugeCountsAreExactAtOnce) {
     slow_run run;
+    run.budget = 1000000;
     const int rounds = static_cast<int>(999999LL * 999999LL % 105); // RU is of order 105
     slowparse(run, std::to_string(rounds) + "(RU)");
     const std::string text = "999999(999999(RU))";
@@ -163,7 +164,9 @@ TEST_F(Rounds, LongRoundsLeaveTheUndoBufferOfEachTurn) {
         initcubies();
         initundo();
         slow_run run;
+        run.budget = 1000000;
         slowparse(run, text);
+        ASSERT_GE(run.budget, 0);
         parsestring(text, static_cast<int>(strlen(text)));
         expectsame(run);
     }
