@@ -1,0 +1,206 @@
+// SPDX-License-Identifier: MIT
+#include "input/coloring.h"
+
+#include "model/permutation.h"
+#include "solver/cubecheck.h"
+
+#include <array>
+#include <cassert>
+#include <utility>
+
+namespace collector {
+
+namespace {
+
+// ORDER FACE (ULFRBD): where the first button of each face lies.
+constexpr spot facespots[cubefacecount] = {
+    {135, 35 }, // 0 U
+    {10,  160}, // 1 L
+    {135, 160}, // 2 F
+    {260, 160}, // 3 R
+    {385, 160}, // 4 B
+    {135, 285}, // 5 D
+};
+
+// Between faces of the middle band lie five pixels more than between buttons.
+constexpr bool bandisregular() {
+    for (int face = 1; face <= 4; face++) {
+        if (facespots[face].x != 10 + (3 * buttonstep + 5) * (face - 1)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+static_assert(bandisregular());
+
+constexpr int position(char letter) {
+    int i = 0;
+    while (validcolors[i] != letter) {
+        i++;
+    }
+    return i;
+}
+
+} // namespace
+
+// ORDER FACE
+constexpr std::array<button_name, placecount> butnames = [] {
+    std::array<button_name, placecount> names = {};
+    for (unsigned place = 0; place < names.size(); place++) {
+        names[place].text[0] = "ULFRBD"[place / faceplaces];
+        names[place].text[1] = static_cast<char>('1' + place % faceplaces);
+    }
+    return names;
+}();
+
+// Rows in no particular order: Flip/Rotate searches them. The order of the places in a row counts.
+constexpr int rotcorners[cornercount][3] = {
+    {8,  27, 20}, // UFR
+    {2,  36, 29}, // URB
+    {0,  9,  38}, // UBL
+    {6,  18, 11}, // ULF
+    {26, 33, 47}, // DRF
+    {17, 24, 45}, // DFL
+    {15, 51, 44}, // DLB
+    {35, 42, 53}, // DBR
+};
+
+constexpr int flipedges[edgecount][2] = {
+    {1,  37}, // UB
+    {3,  10}, // UL
+    {5,  28}, // UR
+    {7,  19}, // UF
+    {12, 41}, // BL
+    {14, 21}, // FL
+    {23, 30}, // FR
+    {32, 39}, // BR
+    {16, 48}, // DL
+    {25, 46}, // DF
+    {34, 50}, // DR
+    {43, 52}, // DB
+};
+
+namespace {
+
+// With the six centres, each place is there once: 48 entries, all different, none of them a centre.
+constexpr bool eachplaceonce() {
+    std::array<bool, placecount> seen = {};
+    const auto take = [&seen](int place) {
+        const bool fresh = !std::exchange(seen[static_cast<unsigned>(place)], true);
+        return fresh && place % faceplaces != 4;
+    };
+    for (const auto& row : rotcorners) {
+        if (!take(row[0]) || !take(row[1]) || !take(row[2])) {
+            return false;
+        }
+    }
+    for (const auto& row : flipedges) {
+        if (!take(row[0]) || !take(row[1])) {
+            return false;
+        }
+    }
+    return true;
+}
+
+static_assert(eachplaceonce());
+
+} // namespace
+
+constinit unsigned allcolors[validcolorcount] = {};
+constinit char facenames[cubefacecount][2] = {};
+constinit unsigned flcubecolors[cubefacecount] = {};
+constinit int currentface = 0;
+
+spot faceletspot(int place) {
+    assert(place >= 0 && place < placecount);
+    const spot& first = facespots[place / faceplaces];
+    const int inface = place % faceplaces;
+    return {first.x + buttonstep * (inface % 3), first.y + buttonstep * (inface / 3)};
+}
+
+spot colorspot(int face) {
+    return {260 + buttonstep * face, 420};
+}
+
+unsigned rgb(double r, double g, double b) {
+    if (r == 0 && g == 0 && b == 0) {
+        return namedblack;
+    }
+    const auto byte = [](double fraction) { return static_cast<unsigned>(fraction * 255); };
+    return byte(r) << 24 | byte(g) << 16 | byte(b) << 8;
+}
+
+void setrgbfacecolors() {
+    for (int i = 0; i < validcolorcount; i++) {
+        const letter_row& row = letter_table[i];
+        allcolors[i] = rgb(row.r, row.g, row.b);
+    }
+}
+
+void init() {
+    for (int face = 0; face < cubefacecount; face++) {
+        const letter_row* row = findletter(colortable[face]);
+        const bool known = row != nullptr;
+        facenames[face][0] = known ? row->letter : '?';
+        flcubecolors[face] = known ? allcolors[row - letter_table] : rgb(0.5, 0.5, 0.5);
+    }
+}
+
+bool whitelabel(unsigned color) {
+    return color == allcolors[position('K')] || color == allcolors[position('B')];
+}
+
+void selectnext() {
+    currentface = (currentface + 1) % placecount;
+}
+
+void selectprevious() {
+    currentface = (currentface + placecount - 1) % placecount;
+}
+
+int colorofkey(int key) {
+    const int upper = key >= 'a' && key <= 'z' ? key - 'a' + 'A' : key;
+    for (int face = 0; face < cubefacecount; face++) {
+        if (upper == facenames[face][0]) {
+            return face;
+        }
+    }
+    return -1;
+}
+
+void flip(int place) {
+    for (const auto& row : rotcorners) {
+        for (int i = 0; i < 3; i++) {
+            if (row[i] == place) {
+                // Two swaps carry the colours round: a takes b's, b takes c's, c takes a's.
+                std::swap(cubecolors[place], cubecolors[row[(i + 1) % 3]]);
+                std::swap(cubecolors[row[(i + 1) % 3]], cubecolors[row[(i + 2) % 3]]);
+                return;
+            }
+        }
+    }
+    for (const auto& row : flipedges) {
+        if (row[0] == place || row[1] == place) {
+            std::swap(cubecolors[row[0]], cubecolors[row[1]]);
+            return;
+        }
+    }
+}
+
+int judge(std::string& text) {
+    const int sane = sanitycheckcube(dumpcube());
+    text = sane != 0 ? "Valid Cube!" : "Invalid Cube:\n" + std::string(geterrorstring());
+    return sane;
+}
+
+int finish() {
+    muckcube();
+    const int sane = sanitycheckcube(dumpcube());
+    if (sane != 0) {
+        unmuckcube();
+    }
+    return sane;
+}
+
+} // namespace collector
