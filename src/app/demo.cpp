@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+#include "app/demo.h"
+
+#include "app/demomacro.h"
+#include "app/driver.h"
+#include "app/mainwindow.h"
+#include "app/messages.h"
+#include "model/cube.h"
+#include "model/notation.h"
+#include "model/recording.h"
+#include "model/turns.h"
+#include "render/view.h"
+#include "shell.h"
+
+#include <FL/Fl_Button.H>
+
+#include <cstring>
+#include <string>
+
+constinit int demorunning = 0;
+
+namespace {
+
+void labeldemobutton(const char* text) {
+    demo->label(text);
+    demo->redraw_label();
+}
+
+// Writes the macro of a new demo into s.
+void choosemacro(char (&s)[demomacrosize]) {
+    // A turn that is still under way would land on the reset cube, and the demo would never come
+    // back to a solved one.
+    finishturn();
+    initcubies();
+    std::string macro = macroline();
+    if (macro.empty()) {
+        displayorder = 0;
+        macro = makeupmacro();
+        displayorder = 1;
+    }
+    macro.resize(static_cast<unsigned>(demolength(macro)));
+    std::strcpy(s, macro.c_str());
+}
+
+} // namespace
+
+void toggledemo() {
+    if (demomode != 0) {
+        stopdemo();
+        return;
+    }
+    demomode = 1;
+    labeldemobutton("Stop Demo");
+    recordstop();
+    rundemo();
+}
+
+void rundemo() {
+    static char s[demomacrosize] = "";
+    if (demorunning == 0) {
+        choosemacro(s);
+        demorunning = 1;
+    }
+    setmacroline(s);
+    loadout(s);
+    parsing = 1;
+    parsestring(s, static_cast<int>(std::strlen(s)));
+    parsing = 0;
+}
+
+void stopdemo() {
+    demorunning = 0;
+    demomode = 0;
+    clearqueue();
+    labeldemobutton("Start Demo");
+}
