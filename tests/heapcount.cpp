@@ -22,6 +22,8 @@ long heapcalls() {
     return calls;
 }
 
+// NOLINTBEGIN(bugprone-reserved-identifier): the names of the C library's and the sanitizer's own.
+
 #ifdef HEAPCOUNT_HOOKS
 
 // As in sanitizer/allocator_interface.h, which not every compiler installs.
@@ -46,23 +48,25 @@ const int installed = __sanitizer_install_malloc_and_free_hooks(onmalloc, onfree
 // These take the place of the C library's, which are reached by their other names.
 extern "C" {
 void* __libc_malloc(std::size_t size);
-void* __libc_calloc(std::size_t count, std::size_t size);
-void* __libc_realloc(void* block, std::size_t size);
+void* __libc_calloc(std::size_t nmemb, std::size_t size);
+void* __libc_realloc(void* ptr, std::size_t size);
 
 void* malloc(std::size_t size) {
     calls++;
     return __libc_malloc(size);
 }
 
-void* calloc(std::size_t count, std::size_t size) {
+void* calloc(std::size_t nmemb, std::size_t size) {
     calls++;
-    return __libc_calloc(count, size);
+    return __libc_calloc(nmemb, size);
 }
 
-void* realloc(void* block, std::size_t size) {
+void* realloc(void* ptr, std::size_t size) {
     calls++;
-    return __libc_realloc(block, size);
+    return __libc_realloc(ptr, size);
 }
 }
 
 #endif
+
+// NOLINTEND(bugprone-reserved-identifier)

@@ -31,8 +31,9 @@ modelpoint rearcopy(modelpoint p) {
 
 modelpoint stickercenter(int place) {
     assert(place >= 0 && place < 54);
-    const double row = place % 9 / 3 - 1; // -1, 0, 1 from the top of the face's grid
-    const double column = place % 3 - 1;  // -1, 0, 1 from its left
+    const int line = place % 9 / 3;
+    const double row = line - 1;         // -1, 0, 1 from the top of the face's grid
+    const double column = place % 3 - 1; // -1, 0, 1 from its left
     switch (place / 9) {
     case up_face: return {2 * column, 3, 2 * row};
     case left_face: return {-3, -2 * row, 2 * column};

@@ -177,6 +177,7 @@ void drawbyturn() {
 
 void drawrear() {
     drawingmain = 0;
+    // Deliberate: NOT-BUGS.md, "The rear view runs ahead on the last frame"
     if (ttime == TURNTIME - 1) {
         ttime = TURNTIME;
     }

@@ -17,18 +17,6 @@
 
 namespace {
 
-class Projection : public testing::Test {
-  protected:
-    void SetUp() override {
-        initcubies();
-        initnullgl();
-        initdrawface();
-        facelistcount = 0;
-        demomode = 0;
-        getmatrix();
-    }
-};
-
 constexpr float unitsquare[4][3] = {
     {0, 0, 0},
     {0, 1, 0},
@@ -40,6 +28,24 @@ void adddepth(float depth) {
     addface(-1, unitsquare);
     facelist[facelistcount - 1]->depth = depth;
 }
+
+void fill() {
+    while (facelistcount < facelimit) {
+        addface(-1, unitsquare);
+    }
+}
+
+class Projection : public testing::Test {
+  protected:
+    void SetUp() override {
+        initcubies();
+        initnullgl();
+        initdrawface();
+        facelistcount = 0;
+        demomode = 0;
+        getmatrix();
+    }
+};
 
 TEST_F(Projection, ListHas400Records) {
     const std::set<listface*> distinct(facelist, facelist + facelimit);
@@ -54,9 +60,7 @@ TEST_F(Projection, SecondInitGivesTheSameRecords) {
 }
 
 TEST_F(Projection, RecordBeyondTheLastIsAnAssertion) {
-    for (int i = 0; i < facelimit; i++) {
-        addface(-1, unitsquare);
-    }
+    fill();
     EXPECT_DEATH(addface(-1, unitsquare), "facelistcount");
 }
 
@@ -186,17 +190,24 @@ TEST_F(Projection, DepthsThatAreNoNumbersLoseNoRecord) {
     EXPECT_EQ(std::set<listface*>(facelist, facelist + facelimit).size(), 400U);
 }
 
+void expectsquare(const painted& p, const painted& wanted) {
+    EXPECT_TRUE(p.r == wanted.r && p.g == wanted.g && p.b == wanted.b);
+    for (int i = 0; i < 4; i++) {
+        EXPECT_FLOAT_EQ(p.x[i], wanted.x[i]);
+        EXPECT_FLOAT_EQ(p.y[i], wanted.y[i]);
+    }
+}
+
 TEST_F(Projection, PaintsTheCornersInTheirOrderAndColor) {
     zface(-1, -1, 3, 22); // the backing is nearer to nobody: the identity looks along +z
     nongldisplay();
     ASSERT_EQ(paintedcount, 2);
     const painted& sticker = paintedlist[0].r == 1 ? paintedlist[0] : paintedlist[1];
-    EXPECT_EQ(sticker.r, 1);
-    EXPECT_EQ(sticker.g, 0);
-    EXPECT_FLOAT_EQ(sticker.x[0], -0.92F);
-    EXPECT_FLOAT_EQ(sticker.y[1], 0.92F);
-    EXPECT_FLOAT_EQ(sticker.x[2], 0.92F);
-    EXPECT_FLOAT_EQ(sticker.y[3], -0.92F);
+    expectsquare(sticker,
+                 {
+                     1, 0, 0, {-0.92F, -0.92F, 0.92F, 0.92F },
+                        {-0.92F, 0.92F,  0.92F, -0.92F}
+    });
 }
 
 TEST_F(Projection, PaintingPutsTheMatrixBack) {
