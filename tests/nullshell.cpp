@@ -18,16 +18,16 @@ void showmessage(const char* kind, const char* text) {
     }
 }
 
-// "kind: question [preset]"; the next answer of the script.
+// Records "kind: question [preset]"; returns the next answer of the script, null without one.
 const char* nextanswer(const std::string& question, const char* preset) {
-    static std::optional<std::string> answer;
+    static std::string answer;
     shell.messages.push_back(question + (preset == nullptr ? "" : " [" + textof(preset) + "]"));
-    answer.reset();
-    if (!shell.answers.empty()) {
-        answer = shell.answers.front();
-        shell.answers.pop_front();
+    if (shell.answers.empty()) {
+        return nullptr;
     }
-    return answer ? answer->c_str() : nullptr;
+    answer = shell.answers.front();
+    shell.answers.pop_front();
+    return answer.c_str();
 }
 
 } // namespace

@@ -10,7 +10,6 @@
 
 #include <deque>
 #include <functional>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -38,9 +37,9 @@ struct null_shell {
         whilemessage;                 // what goes on while a message is up; runs after recording it
     std::function<void()> whiledelay; // what the toolkit does in delay
 
-    // Answers to the questions to come, in order: a text, "yes" for yes; nothing to cancel. A
-    // question that finds none is cancelled.
-    std::deque<std::optional<std::string>> answers;
+    // Answers to the questions to come, in order: a text, or "yes". A question that finds none is
+    // cancelled.
+    std::deque<std::string> answers;
 };
 
 extern null_shell shell;

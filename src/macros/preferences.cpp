@@ -47,19 +47,22 @@ std::string storepath() {
     return path.size() < maxpath ? path : "";
 }
 
-using storeuser = std::function<void(Fl_Preferences&)>;
-
-// Calls use with the group of the store, which it must not change; not at all where there is no
-// store that the toolkit can read.
-void readstore(const storeuser& use) {
+// Calls use with the group of the store, which it must not change; not at all where there is none
+// or where the toolkit had better not read it.
+void readstore(const std::function<void(Fl_Preferences&)>& use) {
     const std::string path = storepath();
     if (path.empty() || soundstore(path.c_str()) == 0) {
         return;
     }
     Fl_Preferences root(Fl_Preferences::USER, vendor, application);
-    Fl_Preferences group(root, groupname);
-    use(group);
+    if (root.groupExists(groupname) != 0) { // opening it would make it, and have the store written
+        Fl_Preferences group(root, groupname);
+        use(group);
+    }
 }
+
+// Changes something in the group it is given, or returns false.
+using storechange = std::function<bool(Fl_Preferences&)>;
 
 using entrylist = std::vector<std::pair<std::string, std::string>>;
 
@@ -80,14 +83,16 @@ void collectentries(Fl_Preferences& group, entrylist& list) {
 }
 
 // Has change work on the copy of the store in folder. The toolkit writes it, and does not tell
-// whether it could: false if the copy does not say afterwards what it should.
-bool changecopy(const std::string& folder, const storeuser& change) {
+// whether it could: false if the copy does not say afterwards what it should, or is not changed.
+bool changecopy(const std::string& folder, const storechange& change) {
     entrylist wanted;
     entrylist written;
     {
         Fl_Preferences root(folder.c_str(), vendor, application);
         Fl_Preferences group(root, groupname);
-        change(group);
+        if (!change(group)) {
+            return false;
+        }
         collectentries(root, wanted);
     } // here it is written
     Fl_Preferences root(folder.c_str(), vendor, application);
@@ -96,7 +101,7 @@ bool changecopy(const std::string& folder, const storeuser& change) {
     return wanted == written;
 }
 
-void replacestore(const std::string& path, const std::string& folder, const storeuser& change) {
+void replacestore(const std::string& path, const std::string& folder, const storechange& change) {
     const fs::path copy = fs::path(folder) / (std::string(application) + ".prefs");
     std::error_code error;
     fs::create_directories(copy.parent_path(), error);
@@ -107,9 +112,6 @@ void replacestore(const std::string& path, const std::string& folder, const stor
         return;
     }
     std::ifstream file(copy, std::ios::binary);
-    if (!file) {
-        return; // there was no store, and the change made none
-    }
     const std::string content{std::istreambuf_iterator<char>(file), {}};
     static_cast<void>(replacefile(path.c_str(), [&](std::FILE* store) {
         std::fwrite(content.data(), 1, content.size(), store);
@@ -117,7 +119,7 @@ void replacestore(const std::string& path, const std::string& folder, const stor
 }
 
 // Calls change with the group of a copy of the store and puts the copy in the place of the store.
-void changestore(const storeuser& change) {
+void changestore(const storechange& change) {
     const std::string path = storepath();
     if (path.empty() || soundstore(path.c_str()) == 0) {
         return;
@@ -186,6 +188,7 @@ void readmacro(Fl_Preferences& store, int n) {
 
 void readprefs() {
     TURNTIME = standardspeed;
+    lastmacrofilename.clear();
     readstore([](Fl_Preferences& store) {
         char folder[400];
         store.getUserdataPath(folder, sizeof folder); // makes that folder
@@ -207,6 +210,7 @@ void writeprefs() {
         store.set("macrofilename", lastmacrofilename.c_str());
         store.set("speed", TURNTIME);
         store.set("colors", colortable);
+        return true;
     });
 }
 
@@ -218,6 +222,7 @@ void addprefmacro(const char* name, const char* text) {
         }
         store.set(key("mac", n).c_str(), name);
         store.set(key("val", n).c_str(), text);
+        return true;
     });
 }
 
@@ -237,6 +242,7 @@ int deleteprefmacro(const char* name) {
             }
             deleted = 1;
         }
+        return deleted != 0;
     });
     return deleted;
 }
@@ -247,24 +253,25 @@ void addgizmomac(const char* name) {
         if (n >= 0) {
             store.set(key("gizmo", n).c_str(), 1);
         }
+        return n >= 0;
     });
 }
 
 void deletegizmomac(const char* name) {
     changestore([=](Fl_Preferences& store) {
         const int n = findnumber(store, name);
-        if (n >= 0) {
-            store.deleteEntry(key("gizmo", n).c_str());
-        }
+        return n >= 0 && store.deleteEntry(key("gizmo", n).c_str()) != 0;
     });
 }
 
 void deleteallgizmoprefs() {
     changestore([](Fl_Preferences& store) {
+        bool deleted = false;
         for (int n = 0; n < maxprefmacros; ++n) {
             if (getnumber(store, key("gizmo", n), -1) != 0) {
-                store.deleteEntry(key("gizmo", n).c_str());
+                deleted = store.deleteEntry(key("gizmo", n).c_str()) != 0 || deleted;
             }
         }
+        return deleted;
     });
 }

@@ -1,0 +1,289 @@
+// SPDX-License-Identifier: MIT
+#include "macros/library.h"
+#include "macros/macrofile.h"
+#include "macros/nullpreferences.h"
+#include "macros/scratch.h"
+#include "nullshell.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace {
+
+using texts = std::vector<std::string>;
+using namespace std::string_literals;
+
+class Macrofile : public testing::Test {
+  protected:
+    void SetUp() override {
+        resetshell();
+        resetpreferences();
+        initlibrary();
+        lastmacrofilename.clear();
+    }
+
+    // Loads a file of that content.
+    void load(const std::string& content) const {
+        writefile(path, content);
+        ASSERT_EQ(1, loadmacrofile(path.c_str()));
+    }
+
+    // The table as "name|string", with "$" for a mark.
+    static texts table() {
+        texts rows;
+        for (int i = 0; i < maccount; ++i) {
+            rows.push_back(macnames[i] + "|" + (showmac[i] != 0 ? "$" : "") + macstrs[i]);
+        }
+        return rows;
+    }
+
+    static int files(const std::string& folder) {
+        const std::filesystem::directory_iterator all(folder);
+        return static_cast<int>(std::distance(begin(all), end(all)));
+    }
+
+    scratchhome home;
+    std::string path = home.file("m.macros");
+};
+
+} // namespace
+
+TEST_F(Macrofile, ReadsPairsOfLines) {
+    load("one\nRU\ntwo\n3(LD)\n");
+    EXPECT_EQ((texts{"one|RU", "two|3(LD)"}), table());
+}
+
+TEST_F(Macrofile, ADollarSignMarks) {
+    load("a\n$RU\nb\n$$RU\nc\n$\n");
+    EXPECT_EQ((texts{"a|$RU", "b|$$RU", "c|$"}), table());
+}
+
+TEST_F(Macrofile, AMissingFileIsRefused) {
+    EXPECT_EQ(0, loadmacrofile(home.file("none").c_str()));
+    EXPECT_EQ(0, loadmacrofile(""));
+    EXPECT_EQ(0, maccount);
+    EXPECT_TRUE(shell.messages.empty());
+}
+
+TEST_F(Macrofile, AnEmptyFileAndAFolderHoldNoMacros) {
+    load("");
+    EXPECT_EQ(1, loadmacrofile(home.file("").c_str()));
+    EXPECT_EQ(0, maccount);
+}
+
+TEST_F(Macrofile, TheLastNewlineMayBeMissing) {
+    load("one\nRU");
+    EXPECT_EQ((texts{"one|RU"}), table());
+}
+
+TEST_F(Macrofile, ANameWithoutAStringGetsTheStringBeforeIt) {
+    load("one\nRU\ntwo\n$LD\nthree\n");
+    EXPECT_EQ((texts{"one|RU", "two|$LD", "three|$LD"}), table());
+}
+
+TEST_F(Macrofile, ASingleLineGivesAnEmptyString) {
+    load("only\n");
+    EXPECT_EQ((texts{"only|"}), table());
+}
+
+TEST_F(Macrofile, EmptyLinesCount) {
+    load("\n\n\nRU\nname\n\n");
+    EXPECT_EQ((texts{"|", "|RU", "name|"}), table());
+}
+
+TEST_F(Macrofile, CarriageReturnsArePartOfTheText) {
+    load("one\r\nRU\r\n");
+    EXPECT_EQ((texts{"one\r|RU\r"}), table());
+}
+
+TEST_F(Macrofile, ANulEndsTheTextOfItsLine) {
+    load("one\0xyz\nRU\0LD\n\0\n\0$RU\ntwo\nF\n"s);
+    EXPECT_EQ((texts{"one|RU", "|", "two|F"}), table());
+}
+
+TEST_F(Macrofile, ALineOfNinetySevenCharactersIsReadWhole) {
+    const std::string name(97, 'n');
+    const std::string moves(97, 'R');
+    load(name + "\n" + moves + "\n");
+    EXPECT_EQ((texts{name + "|" + moves}), table());
+}
+
+TEST_F(Macrofile, ALineOfNinetyEightCharactersIsFollowedByAnEmptyOne) {
+    const std::string name(98, 'n');
+    const std::string moves(98, 'R');
+    load(name + "\n" + moves + "\nnext\nU\n");
+    EXPECT_EQ((texts{name + "|", moves + "|", "next|U"}), table());
+}
+
+TEST_F(Macrofile, ALongerLineIsSplitAndShiftsThePairs) {
+    const std::string whole(98, 'R');
+    load("name\n" + whole + "UF\nnext\nU\n");
+    EXPECT_EQ((texts{"name|" + whole, "UF|next", "U|next"}), table());
+}
+
+TEST_F(Macrofile, ALastLineOfNinetyEightCharactersWithoutItsNewlineIsOneLine) {
+    const std::string whole(98, 'R');
+    load("name\n" + whole);
+    EXPECT_EQ((texts{"name|" + whole}), table());
+}
+
+TEST_F(Macrofile, NamesInTheTableAreAddedAgain) {
+    addbuiltinmacros();
+    std::FILE* file = std::fopen(path.c_str(), "w");
+    printmacrodefs(file);
+    std::fclose(file);
+    const texts before = table();
+    ASSERT_EQ(1, loadmacrofile(path.c_str()));
+    ASSERT_EQ(14, maccount);
+    const texts after = table();
+    EXPECT_EQ(before, texts(after.begin(), after.begin() + 7));
+    EXPECT_EQ(before, texts(after.begin() + 7, after.end()));
+}
+
+TEST_F(Macrofile, ReadingEndsWhereTheTableIsFull) {
+    std::string content;
+    for (int i = 0; i < 600; ++i) {
+        content += "macro " + std::to_string(i) + "\nRU\n";
+    }
+    load(content);
+    EXPECT_EQ(500, maccount);
+    EXPECT_EQ("macro 499", macnames[499]);
+    EXPECT_EQ((texts{"alert: Too many macro definitions"}), shell.messages);
+}
+
+TEST_F(Macrofile, AFileWithoutAnEndIsReadUntilTheTableIsFull) {
+    EXPECT_EQ(1, loadmacrofile("/dev/zero"));
+    EXPECT_EQ(500, maccount);
+    EXPECT_EQ(1U, shell.messages.size());
+}
+
+TEST_F(Macrofile, AnyBytesLoadOrAreRefused) {
+    std::mt19937 random(5);
+    for (int round = 0; round < 200; ++round) {
+        initlibrary();
+        std::string content(random() % 4000, ' ');
+        for (char& c : content) {
+            c = random() % 8 == 0 ? "\n\0$\r"[random() % 4] : static_cast<char>(random() % 256);
+        }
+        load(content);
+        ASSERT_LE(maccount, maxmacros);
+        for (int i = 0; i < maccount; ++i) {
+            ASSERT_LT(macnames[i].size(), 99U);
+            ASSERT_LT(macstrs[i].size(), 99U);
+        }
+    }
+}
+
+TEST_F(Macrofile, WritesEveryMacroAndNoMark) {
+    addmacro("one", "RU");
+    addmacro("", "$LD");
+    addmacro("three %s", "");
+    shell.answers = {path};
+    dumpmacfile();
+    EXPECT_EQ("one\nRU\n\nLD\nthree %s\n\n", readfile(path));
+    EXPECT_EQ((texts{"file: Save Macros in File:  []"}), shell.messages);
+}
+
+TEST_F(Macrofile, WhatIsWrittenIsReadBack) {
+    addbuiltinmacros();
+    shell.answers = {path};
+    dumpmacfile();
+    const texts before = table();
+    initlibrary();
+    ASSERT_EQ(1, loadmacrofile(path.c_str()));
+    EXPECT_EQ(before, table());
+}
+
+TEST_F(Macrofile, CancelledQuestionsDoNothing) {
+    addmacro("one", "RU");
+    shell.requests.clear();
+    dumpmacfile();
+    snarfmacros();
+    EXPECT_EQ(1, maccount);
+    EXPECT_TRUE(preferencecalls.empty());
+    EXPECT_TRUE(shell.requests.empty());
+    EXPECT_EQ(0, files(home.file("")));
+}
+
+TEST_F(Macrofile, WhatCannotBeWrittenIsReported) {
+    addbuiltinmacros();
+    for (const std::string& name : {home.file("none/x"), home.file(""), "/dev/full"s, ""s}) {
+        shell.answers = {name};
+        dumpmacfile();
+        EXPECT_EQ("alert: Couldn't open " + name + " for writing", shell.messages.back());
+    }
+    EXPECT_TRUE(std::filesystem::is_character_file("/dev/full"));
+}
+
+TEST_F(Macrofile, AFullDiskLeavesTheOldFileWhole) {
+    addbuiltinmacros();
+    writefile(path, "old\nRU\n");
+    for (const long room : {0L, 10L, 200L}) {
+        const fulldisk disk(room);
+        shell.answers = {path};
+        dumpmacfile();
+        EXPECT_EQ("alert: Couldn't open " + path + " for writing", shell.messages.back());
+    }
+    EXPECT_EQ("old\nRU\n", readfile(path));
+    EXPECT_EQ(1, files(home.file("")));
+}
+
+TEST_F(Macrofile, AFileThatMayNotBeWrittenIsLeftAlone) {
+    addbuiltinmacros();
+    writefile(path, "old\n");
+    std::filesystem::permissions(path, std::filesystem::perms::others_read);
+    EXPECT_TRUE(asnobody([&] {
+        shell.answers = {path};
+        dumpmacfile();
+        EXPECT_EQ("alert: Couldn't open " + path + " for writing", shell.messages.back());
+    }));
+    EXPECT_EQ("old\n", readfile(path));
+}
+
+TEST_F(Macrofile, ALinkStaysALinkAndPermissionsStay) {
+    addmacro("one", "RU");
+    writefile(path, "old\n");
+    std::filesystem::permissions(path, std::filesystem::perms::owner_all);
+    const std::string link = home.file("link");
+    std::filesystem::create_symlink("m.macros", link);
+    shell.answers = {link};
+    dumpmacfile();
+    EXPECT_TRUE(std::filesystem::is_symlink(link));
+    EXPECT_EQ("one\nRU\n", readfile(path));
+    EXPECT_EQ(std::filesystem::perms::owner_all, std::filesystem::status(path).permissions());
+    EXPECT_EQ(2, files(home.file("")));
+}
+
+TEST_F(Macrofile, AFileInTheFolderOfTheProcessCanBeWritten) {
+    addmacro("one", "RU");
+    const std::filesystem::path old = std::filesystem::current_path();
+    std::filesystem::current_path(home.file(""));
+    shell.answers = {"m.macros"};
+    dumpmacfile();
+    std::filesystem::current_path(old);
+    EXPECT_EQ("one\nRU\n", readfile(path));
+}
+
+TEST_F(Macrofile, ALoadedFileIsRememberedAndOffered) {
+    writefile(path, "one\nRU\n");
+    shell.answers = {path};
+    snarfmacros();
+    EXPECT_EQ((texts{"one|RU"}), table());
+    EXPECT_EQ(path, lastmacrofilename);
+    EXPECT_EQ((texts{"writeprefs()"}), preferencecalls);
+    snarfmacros();
+    EXPECT_EQ("file: Macro File Name  [" + path + "]", shell.messages.back());
+}
+
+TEST_F(Macrofile, AFileThatCannotBeOpenedIsNotRemembered) {
+    lastmacrofilename = "before";
+    shell.answers = {home.file("none")};
+    snarfmacros();
+    EXPECT_EQ("before", lastmacrofilename);
+    EXPECT_TRUE(preferencecalls.empty());
+    EXPECT_EQ(1U, shell.messages.size());
+}

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#include "macros/scratch.h"
+
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <grp.h>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <stdexcept>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr int nobody = 65534;
+
+} // namespace
+
+scratchhome::scratchhome() : path(std::filesystem::temp_directory_path() / "vexelXXXXXX") {
+    if (mkdtemp(path.data()) == nullptr) {
+        throw std::runtime_error("no folder for the test");
+    }
+    const char* home = std::getenv("HOME");
+    oldhome = home == nullptr ? "" : home;
+    setenv("HOME", path.c_str(), 1);
+    std::filesystem::permissions(path, std::filesystem::perms::all);
+}
+
+scratchhome::~scratchhome() {
+    setenv("HOME", oldhome.c_str(), 1);
+    std::filesystem::remove_all(path);
+}
+
+fulldisk::fulldisk(long bytes) : oldhandler(std::signal(SIGXFSZ, SIG_IGN)) {
+    rlimit limit = {};
+    getrlimit(RLIMIT_FSIZE, &limit);
+    limit.rlim_cur = static_cast<rlim_t>(bytes);
+    setrlimit(RLIMIT_FSIZE, &limit);
+}
+
+fulldisk::~fulldisk() {
+    rlimit limit = {};
+    getrlimit(RLIMIT_FSIZE, &limit);
+    limit.rlim_cur = limit.rlim_max;
+    setrlimit(RLIMIT_FSIZE, &limit);
+    std::signal(SIGXFSZ, oldhandler);
+}
+
+std::string readfile(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+void writefile(const std::string& path, const std::string& content) {
+    std::filesystem::create_directories(std::filesystem::path(path).parent_path());
+    std::ofstream(path, std::ios::binary) << content;
+}
+
+bool asnobody(const std::function<void()>& work) {
+    const pid_t child = fork();
+    if (child == 0) {
+        if (geteuid() == 0 &&
+            (setgroups(0, nullptr) != 0 || setgid(nobody) != 0 || setuid(nobody) != 0)) {
+            _exit(2);
+        }
+        work();
+        _exit(testing::Test::HasFailure() ? 1 : 0);
+    }
+    int status = -1;
+    waitpid(child, &status, 0);
+    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
