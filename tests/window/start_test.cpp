@@ -1,0 +1,183 @@
+// SPDX-License-Identifier: MIT
+//
+// The window as it comes up, and starts that go wrong.
+#include "viewpoints.h"
+#include "window/layout.h"
+#include "window/windowtest.h"
+
+#include <X11/keysym.h>
+
+#include <algorithm>
+
+namespace {
+
+class Start : public windowtest {};
+
+constexpr rgb grey = {128, 128, 128};
+
+int brightness(rgb colour) {
+    return colour.red + colour.green + colour.blue;
+}
+
+// Whether a raised box has its edges at r: light above and left, dark below and right.
+bool raised(const picture& window, rectangle r, rgb background) {
+    const int even = brightness(background);
+    const int right = r.x + r.w - 1;
+    const int bottom = r.y + r.h - 1;
+    const int x = r.x + r.w / 2;
+    const int y = r.y + r.h / 2;
+    return brightness(window.at(x, r.y)) > even && brightness(window.at(r.x, y)) > even &&
+           brightness(window.at(x, bottom)) < even && brightness(window.at(right, y)) < even;
+}
+
+// Whether there is anything but background in the middle of r.
+bool written(const picture& window, rectangle r) {
+    const picture inside = window.part({r.x + 4, r.y + 3, r.w - 8, r.h - 6});
+    return inside.count(inside.commonest()) < inside.w() * inside.h();
+}
+
+// How many pixels of black stand right of and above the point, where a letter is drawn.
+int inkat(const picture& view, modelpoint p) {
+    const viewpixel at = project(p, false, view.w());
+    const rectangle box = {static_cast<int>(at.x) + 1, static_cast<int>(at.y) - 11, 10, 11};
+    return view.part(box).count({0, 0, 0});
+}
+
+} // namespace
+
+TEST_F(Start, ShowsTheSolvedCubeOnGreyWithThreeLetters) {
+    ASSERT_TRUE(showsmodel());
+    const picture view = vexel.view_picture();
+    ASSERT_EQ(view.w(), viewsize);
+    ASSERT_EQ(view.h(), viewsize);
+    for (int corner : {0, 1, 2}) {
+        const int far = viewsize - 2;
+        EXPECT_EQ(view.at(corner == 2 ? far : 1, corner == 0 ? 1 : far), grey);
+    }
+
+    const struct {
+        const char* letter;
+        modelpoint at;
+    } letters[] = {
+        {"F", {0, 0, 3}   },
+        {"U", {0, 2.8, 0} },
+        {"L", {-3.1, 0, 0}},
+    };
+
+    for (const auto& [letter, at] : letters) {
+        SCOPED_TRACE(letter);
+        const int ink = inkat(view, at);
+        EXPECT_GE(ink, 8);
+        EXPECT_LE(ink, 60);
+    }
+}
+
+TEST_F(Start, EveryWidgetStandsInItsPlace) {
+    ASSERT_TRUE(showsmodel());
+    const picture window = vexel.window_picture();
+    ASSERT_EQ(window.w(), windowwidth);
+    ASSERT_EQ(window.h(), windowheight);
+    const rgb background = window.at(732, 300);
+    for (const button_place& button : buttonplaces) {
+        SCOPED_TRACE(button.label);
+        EXPECT_TRUE(raised(window, button.place, background));
+        EXPECT_TRUE(written(window, button.place));
+        EXPECT_EQ(window.at(button.place.x - 1, button.place.y - 1), background);
+        EXPECT_EQ(window.at(button.place.x + 2, button.place.y + button.place.h), background);
+    }
+    for (const rectangle& heading : headingplaces) {
+        SCOPED_TRACE(heading.y);
+        EXPECT_TRUE(written(window, heading));
+    }
+    EXPECT_TRUE(raised(window, menubarplace, background));
+    EXPECT_TRUE(raised(window, legendplace, background));
+    for (const rectangle& line : {lengthplace, macroplace}) {
+        EXPECT_FALSE(raised(window, line, background));
+        EXPECT_EQ(window.at(line.x + line.w - 4, line.y + 5), (rgb{255, 255, 255}));
+    }
+    EXPECT_TRUE(written(window, lengthplace)); // "0"
+}
+
+TEST_F(Start, MenusHaveTheirRows) {
+    const struct {
+        const char* first;
+        int rows;
+    } menus[] = {
+        {"Reset Cube",       6},
+        {"Undo",             4},
+        {"Show Macro Gizmo", 4},
+        {"Define Macro",     7},
+        {"About Vexel",      1},
+    };
+
+    int heights[5] = {};
+    for (int i = 0; i < 5; ++i) {
+        const windowid menu = vexel.openmenu(menus[i].first);
+        heights[i] = screen.place(menu).h;
+        screen.button(1, false);
+        screen.press(XK_Escape);
+        ASSERT_TRUE(waitfor(10, [&] { return !screen.visible(menu); })) << menus[i].first;
+    }
+    const int row = heights[1] - heights[4]; // of three entries
+    for (int i = 0; i < 5; ++i) {
+        EXPECT_EQ(3 * (heights[i] - heights[4]), row * (menus[i].rows - 1)) << menus[i].first;
+    }
+}
+
+TEST_F(Start, AButtonExplainsItself) {
+    const rectangle r = screen.place(vexel.window());
+    screen.movemouse(r.x + 460, r.y + 60); // on "Ucw"
+    EXPECT_TRUE(waitfor(10, [&] { return !screen.popups(vexel.window()).empty(); }));
+}
+
+TEST_F(Start, RunsWithoutAnArgumentInSilence) {
+    ASSERT_TRUE(showsmodel());
+    EXPECT_EQ(vexel.dialog(), 0UL);
+    EXPECT_EQ(vexel.output(), "");
+}
+
+TEST(StartWithArguments, AMissingMacroFileOrTwoFilesArePassedOver) {
+    xserver screen;
+    initcubies();
+    for (const std::vector<std::string>& arguments : {
+             std::vector<std::string>{"/no/such/file.mac"},
+             {"/no/such/file.mac", "/dev/null"},
+             {"/"                  }
+    }) {
+        program vexel(screen, {.arguments = arguments});
+        const verdict seen = vexel.waitforcube(cubecolors);
+        EXPECT_TRUE(seen.good) << seen.why;
+        EXPECT_EQ(vexel.dialog(), 0UL);
+        EXPECT_EQ(vexel.output(), "");
+    }
+}
+
+namespace {
+
+// Runs the program where it cannot show its window.
+void expectonesentence(xserver& screen, const std::string& display) {
+    program vexel(screen, {.environment = {{"DISPLAY", display}}, .wait = false});
+    const std::optional<int> status = vexel.child().waitexit(30);
+    ASSERT_TRUE(status.has_value()) << "still runs";
+    EXPECT_GT(*status, 0);
+    EXPECT_LT(*status, 126) << "not an end of its own";
+    const std::string said = vexel.output();
+    EXPECT_EQ(std::count(said.begin(), said.end(), '\n'), 1) << said;
+    EXPECT_EQ(said.find("vexel: "), 0U) << said;
+    EXPECT_NE(said.find("isplay"), std::string::npos) << said;
+}
+
+} // namespace
+
+TEST(StartWithoutDisplay, SaysSoInOneSentence) {
+    xserver screen;
+    expectonesentence(screen, ":9999");
+    expectonesentence(screen, "");
+}
+
+TEST(StartWithoutOpenGL, SaysSoInOneSentence) {
+    xserver screen({
+        .arguments = {"-extension", "GLX"}
+    });
+    expectonesentence(screen, screen.name());
+}
