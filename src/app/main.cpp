@@ -6,9 +6,12 @@
 // talk about "the third scramble".
 #include "app/driver.h"
 #include "app/mainwindow.h"
+#include "macros/macrofile.h"
+#include "macros/preferences.h"
 #include "model/cube.h"
 #include "render/cube_box.h"
 #include "render/projection.h"
+#include "shell.h"
 
 #include <FL/Fl.H>
 #include <FL/Fl_Window.H>
@@ -19,6 +22,8 @@
 #include <cstdlib>
 
 namespace {
+
+constexpr int gizmodistance = 740; // from the left edge of the window to that of the gizmo panel
 
 // The toolkit's last words, for instance about a display that cannot be opened.
 [[noreturn]] void failure(const char* format, ...) {
@@ -49,16 +54,21 @@ void choosefonts() {
 
 } // namespace
 
-int main() {
+int main(int argc, char** argv) {
     opendisplay();
     choosefonts();
     initdrawface();
     initcubies();
     makeform("Vexel's Cube Simulator");
     form->xclass("Vexel");
+    readprefs();
+    if (argc == 2) {
+        loadmacrofile(argv[1]); // one that cannot be read is passed over
+    }
     form->show();
     cube->show();
     initcubies();
+    macrodisplay(form->x() + gizmodistance, form->y());
     cube->take_focus();
     Fl::add_idle(IdleFunc, nullptr);
     return Fl::run();

@@ -4,6 +4,7 @@
 #include "app/dispatch.h"
 #include "app/menu.h"
 #include "app/my_input.h"
+#include "macros/library.h"
 #include "model/notation.h"
 #include "render/cube_box.h"
 
@@ -137,6 +138,7 @@ void makemacrolines() {
     makeheading(defined_heading);
     choice = new Fl_Choice(447, 355, 270, 20);
     choice->tooltip("List of named macros");
+    addbuiltinmacros(); // they make the list and give it its callback
     choice->set_changed();
 }
 

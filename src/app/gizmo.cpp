@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: MIT
+#include "app/gizmo.h"
+
+#include "app/macrochoice.h"
+#include "app/mainwindow.h"
+#include "macros/library.h"
+#include "shell.h"
+
+#include <FL/Fl_Box.H>
+#include <FL/Fl_Button.H>
+#include <FL/Fl_Window.H>
+
+#include <cstdint>
+
+constinit Fl_Window* macrowindow = nullptr;
+
+namespace {
+
+constexpr int buttoncount = 16;
+constexpr int nomacro = -1;
+
+// State
+
+Fl_Button* buttons[buttoncount] = {}; // top to bottom; null until the panel is made
+
+void* userdata(int macro) {
+    return reinterpret_cast<void*>(static_cast<std::intptr_t>(macro));
+}
+
+void makepanel(int x, int y) {
+    macrowindow = new Fl_Window(x, y, 280, 417);
+    auto* heading = new Fl_Box(0, 5, 280, 22, "Macro Gizmo");
+    heading->labelfont(FL_HELVETICA_BOLD);
+    heading->labelsize(20);
+    for (int i = 0; i < buttoncount; ++i) {
+        buttons[i] = new Fl_Button(3, 30 + 24 * i, 274, 22);
+        buttons[i]->align(FL_ALIGN_CENTER | FL_ALIGN_INSIDE | FL_ALIGN_CLIP);
+        buttons[i]->callback(macbut_cb, userdata(i));
+    }
+    macrowindow->end();
+}
+
+void setbutton(Fl_Button* button, const std::string& label, int macro) {
+    button->copy_label(label.c_str());
+    button->redraw_label();
+    button->callback(macbut_cb, userdata(macro));
+}
+
+// Gives the buttons the marked macros; returns how many have one.
+int fillpanel() {
+    int used = 0;
+    for (int i = 0; i < maccount && used < buttoncount; ++i) {
+        if (showmac[i] != 0) {
+            setbutton(buttons[used], plainlabel(macnames[i]), i);
+            ++used;
+        }
+    }
+    for (int i = used; i < buttoncount; ++i) {
+        setbutton(buttons[i], "*", nomacro);
+    }
+    return used;
+}
+
+} // namespace
+
+void macrodisplay(int x, int y) {
+    if (!form->shown()) {
+        return;
+    }
+    if (macrowindow == nullptr) {
+        makepanel(x, y);
+    }
+    if (fillpanel() > 0) {
+        macrowindow->show();
+        return;
+    }
+    macrowindow->hide();
+    if (x == 0 && y == 0) {
+        showalert("No macros in gizmo");
+    }
+}
+
+void refreshmacrodisplay() {
+    if (macrowindow != nullptr && macrowindow->shown() && fillpanel() == 0) {
+        macrowindow->hide();
+    }
+}
+
+void hidemacrodisplay() {
+    if (macrowindow != nullptr) {
+        macrowindow->hide();
+    }
+}
+
+void macbut_cb(Fl_Widget* w, void* data) {
+    if (data != userdata(nomacro)) {
+        choice_cbx(w, data);
+    }
+}

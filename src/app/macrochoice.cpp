@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#include "app/macrochoice.h"
+
+#include "app/mainwindow.h"
+#include "model/recording.h"
+#include "model/turns.h"
+#include "shell.h"
+
+#include <FL/Fl_Choice.H>
+
+#include <algorithm>
+#include <cstdint>
+
+Fl_Menu_Item choices[maxmacros + 1] = {};
+
+namespace {
+
+// State
+
+std::string labels[maxmacros]; // what the entries' texts point to
+
+Fl_Menu_Item entry(const char* text, int number) {
+    void* data = reinterpret_cast<void*>(static_cast<std::intptr_t>(number));
+    return {text, 0, nullptr, data, 0, 0, 0, 0, 0};
+}
+
+void applychosen(int macro) {
+    needsredraw = 1;
+    recordstop();
+    applysavedmacro(macro);
+}
+
+} // namespace
+
+std::string plainlabel(const std::string& name) {
+    std::string label;
+    for (const char c : name) {
+        label.append(c == '@' || c == '&' ? 2 : 1, c);
+    }
+    return label;
+}
+
+void showmacros() {
+    const int count = std::max(maccount, 1);
+    for (int i = 0; i < count; ++i) {
+        labels[i] = plainlabel(macnames[i]);
+        choices[i] = entry(labels[i].c_str(), i);
+    }
+    choices[count] = entry(nullptr, 0);
+    choice->menu(choices);
+    choice->value(0);
+    choice->set_changed();
+    choice->callback(choice_cb);
+    choice->redraw();
+}
+
+int chosenmacro() {
+    return std::max(choice->value(), 0);
+}
+
+void choosemacro(int macro) {
+    if (macro >= 0 && macro < maccount) {
+        choice->value(macro);
+        choice->set_changed();
+    }
+}
+
+void choice_cb(Fl_Widget*, void*) {
+    applychosen(static_cast<int>(choice->mvalue() - choices));
+    choice->set_changed();
+}
+
+void choice_cbx(Fl_Widget*, void* data) {
+    const int macro = static_cast<int>(reinterpret_cast<std::intptr_t>(data));
+    applychosen(macro);
+    choosemacro(macro);
+}
