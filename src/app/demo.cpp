@@ -5,6 +5,7 @@
 #include "app/driver.h"
 #include "app/mainwindow.h"
 #include "app/messages.h"
+#include "app/ownrandom.h"
 #include "model/cube.h"
 #include "model/notation.h"
 #include "model/recording.h"
@@ -35,7 +36,9 @@ void choosemacro(char (&s)[demomacrosize]) {
     std::string macro = macroline();
     if (macro.empty()) {
         displayorder = 0;
+        ownrandom();
         macro = makeupmacro();
+        otherrandom();
         displayorder = 1;
     }
     macro.resize(static_cast<unsigned>(demolength(macro)));

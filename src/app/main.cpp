@@ -6,6 +6,7 @@
 // talk about "the third scramble".
 #include "app/driver.h"
 #include "app/mainwindow.h"
+#include "app/ownrandom.h"
 #include "macros/macrofile.h"
 #include "macros/preferences.h"
 #include "model/cube.h"
@@ -55,6 +56,7 @@ void choosefonts() {
 } // namespace
 
 int main(int argc, char** argv) {
+    partrandom();
     opendisplay();
     choosefonts();
     initdrawface();
