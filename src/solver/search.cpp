@@ -3,6 +3,7 @@
 
 #include "shell.h"
 #include "solver/near1.h"
+#include "solver/near2.h"
 #include "solver/perms.h"
 #include "solver/pruning.h"
 
@@ -11,6 +12,9 @@
 #include <cstring>
 
 namespace {
+
+// A stage-2 search that must go so much farther than the sieves reach repays larger ones.
+constexpr int near2_patience = 9;
 
 // State
 
@@ -264,6 +268,10 @@ void stage2_solve(const a_node* stage1_stack) {
         return;
     // 4. Length by length; a solution lowers the allotment.
     for (int e = std::max(mid_corner, mid_edge); e <= stage2_allotment; e += increment) {
+        if (e - near2_radius > near2_patience)
+            near2_extend(near2_greatest);
+        if (!near2_within(cornerperm, edgeperm, midperm, e))
+            continue;
         b_node stack[stack_size];
         stack[0] = {e, -1, start_state, cornerperm, edgeperm, midperm};
         stack[1].twist = -1;
@@ -273,29 +281,35 @@ void stage2_solve(const a_node* stage1_stack) {
 
 void stage2_search(const a_node* stage1_stack, b_node* stage2_stack) {
     for (b_node* node = stage2_stack; node >= stage2_stack;) {
-        b_node_count++;
+        // 1. Solved.
+        b_node* const next = node + 1;
         if (node->remaining == 0) {
             output_solution(stage1_stack, stage2_stack);
             return;
         }
-        b_node* const next = node + 1;
+        // 2. The next twist that may lead there.
+        const b_steps& corner_after = b_corner_steps[node->cornerperm];
+        const b_steps& edge_after = b_edge_steps[node->b_edgeperm];
         bool taken = false;
         for (int t = next->twist + 1; t < b_twist_count && !taken; t++) {
             const int state = b_twist_list_ptrs[t][node->state];
             const int remaining = node->remaining - b_metric_length[t];
-            if (state == forbidden_state)
+            if (state == forbidden_state || remaining < 0)
                 continue;
             const int midperm = twist_on_midperm_ptrs[t][node->b_midperm];
-            const int cornerperm = b_twist_on_cornerperm_ptrs[t][node->cornerperm];
+            const int cornerperm = corner_after.after[t];
             if (mid_cornerperm_dist_ptrs[midperm][cornerperm] > remaining)
                 continue;
-            const int edgeperm = twist_on_edgeperm_ptrs[t][node->b_edgeperm];
-            if (mid_edgeperm_dist_ptrs[midperm][edgeperm] > remaining)
+            const int edgeperm = edge_after.after[t];
+            if (mid_edgeperm_dist_ptrs[midperm][edgeperm] > remaining ||
+                !near2_within(cornerperm, edgeperm, midperm, remaining))
                 continue;
             *next = {remaining, t, state, cornerperm, edgeperm, midperm};
             taken = true;
         }
+        // 3. Down or up.
         if (taken) {
+            b_node_count++;
             node = next;
             node[1].twist = -1;
         } else {

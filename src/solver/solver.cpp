@@ -2,6 +2,7 @@
 #include "solver/solver.h"
 
 #include "solver/near1.h"
+#include "solver/near2.h"
 #include "solver/pruning.h"
 #include "solver/search.h"
 #include "solver/symmetry.h"
@@ -15,6 +16,13 @@ void distances_of_stage1_edges() {
     // All that stage 1 needs beside the described tables.
     symmetry_tables_init();
     near1_extend(near1_ordinary);
+}
+
+void distances_of_stage2_edges() {
+    b_mid_edgeperm_dist_init(mid_edgeperm_dist_table, mid_edgeperm_dist_ptrs);
+    // And stage 2.
+    near2_tables_init();
+    near2_extend(near2_ordinary);
 }
 
 using step_function = void (*)();
@@ -32,7 +40,7 @@ constexpr step_function steps[] = {
     distances_of_stage1_edges,                                                               //  7
     [] { b_cornerperm_dist_init(cornerperm_dist_table); },                                   //  8
     [] { b_mid_cornerperm_dist_init(mid_cornerperm_dist_table, mid_cornerperm_dist_ptrs); }, //  9
-    [] { b_mid_edgeperm_dist_init(mid_edgeperm_dist_table, mid_edgeperm_dist_ptrs); },       // 10
+    distances_of_stage2_edges,                                                               // 10
 };
 // clang-format on
 
