@@ -238,6 +238,7 @@ int stepforwards(parse& p, forward_place& at) {
     default: break;
     }
     at.i++;
+    // Deliberate: NOT-BUGS.md, "A count before a single letter is lost"
     at.count = isdecimal(c) ? countdigit(at.count, c) : 0;
     return code == noturn ? 1 : landturn(p.to, code);
 }
@@ -267,7 +268,8 @@ int parsestring(const char* text, int length) {
 
 namespace {
 
-constexpr int countdigits = 5; // of a group's count, at most
+// Deliberate: NOT-BUGS.md, "Only five digits of a count are reversed"
+constexpr int countdigits = 5;
 
 int levelbegin(const parse& p) {
     return parselevel == 0 ? -1 : p.groups.back().begin;
@@ -361,6 +363,7 @@ int calcorder(const char* macro) {
     parsing = 0;
     parsestring(text.c_str(), static_cast<int>(text.size()));
     parsing = mode;
+    // Deliberate: NOT-BUGS.md, "An order brings back the colours only"
     restorecubex();
     needsredraw = 1;
     return macorder;
@@ -404,6 +407,7 @@ int sanitycheckmacro(const char* text, int length) {
     if (length < 1 || text[0] != '[') {
         return goodmacro(text, length);
     }
+    // Deliberate: NOT-BUGS.md, "The check behind "[" reads the macro line"
     if (parsesingmaster() == 0) {
         return 0;
     }
@@ -460,6 +464,7 @@ int maclen(const char* text, int length) {
             return badlength;
         }
         if (c == '(') {
+            // Deliberate: NOT-BUGS.md, "The length of a group without a count"
             groups.push_back({turnscounted, counting ? count : 1});
             turnscounted = 0;
         } else if (c == ')' && !groups.empty()) {

@@ -57,6 +57,7 @@ void recordstop() {
 
 // An alert lets the window go on, so that a further turn can land: recording is off by then.
 void record(const char* text) {
+    // Deliberate: NOT-BUGS.md, "An undo with nothing to undo silences a recorded turn"
     if (undoing != 0) {
         undoing = 0;
         return;
@@ -101,6 +102,7 @@ void savecube() {
         labelsavebutton("Restore Cube");
         issavedcube = 1;
     } else {
+        // Deliberate: NOT-BUGS.md, "A saved cube is its colours"
         memcpy(cubecolors, savecubedata, sizeof cubecolors);
         labelsavebutton("Save Cube");
         issavedcube = 0;
