@@ -3,7 +3,7 @@
 
 #include "macros/library.h"
 #include "macros/preferences.h"
-#include "macros/replacefile.h"
+#include "render/replacefile.h"
 #include "shell.h"
 
 #include <cstring>

@@ -3,10 +3,10 @@
 
 #include "macros/library.h"
 #include "macros/macrofile.h"
-#include "macros/replacefile.h"
 #include "macros/storecheck.h"
 #include "model/turns.h"
 #include "render/colors.h"
+#include "render/replacefile.h"
 
 #include <FL/Fl_Preferences.H>
 

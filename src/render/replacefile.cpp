@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "macros/replacefile.h"
+#include "render/replacefile.h"
 
 #include <cstdlib>
 #include <fcntl.h>

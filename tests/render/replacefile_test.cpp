@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "macros/replacefile.h"
 #include "macros/scratch.h"
+#include "render/replacefile.h"
 
 #include <filesystem>
 #include <gtest/gtest.h>
