@@ -1,20 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "solver/near1.h"
 
-#include <algorithm>
 #include <bit>
 #include <cassert>
+#include <utility>
 #include <vector>
 
 namespace {
 
-// Room for each radius: about 32 bits a member, 13 for the last.
-constexpr int log_words[] = {6, 6, 6, 6, 9, 11, 13, 16, 19, 21};
+// Room for each length: 20 bits an entry and more, 7 for the last.
+constexpr int log_words[] = {6, 6, 6, 8, 10, 12, 15, 16, 19, 20};
 
-constexpr int words_before(int radius) {
+constexpr int words_before(int length) {
     int words = 0;
-    for (int r = 0; r < radius; r++)
-        words += 1 << log_words[r];
+    for (int n = 0; n < length; n++)
+        words += 1 << log_words[n];
     return words;
 }
 
@@ -22,19 +22,24 @@ constexpr int words_before(int radius) {
 
 std::uint64_t words[words_before(near1_greatest + 1)];
 
-struct state {
+// A state, and the face that a sequence from there turns first.
+struct start {
     std::uint16_t edge_class, corner;
+    std::uint8_t face;
 };
 
-// The states of the layers that are done, each once: a hash table with linear probing.
-class state_set {
+using layer = std::vector<start>; // of one length
+
+// The starts of a layer, each once: a hash table with linear probing.
+class start_set {
   public:
-    explicit state_set(int log_size)
-        : shift(32 - log_size), entries(std::size_t{1} << log_size, none) {}
+    explicit start_set(std::size_t log_size)
+        : shift(static_cast<int>(32 - log_size)), entries(std::size_t{1} << log_size, none) {}
 
     // false if it is there already
-    bool insert(state x) {
-        const auto number = static_cast<std::uint32_t>(near1_number(x.edge_class, x.corner));
+    bool insert(start x) {
+        const auto number =
+            static_cast<std::uint32_t>(near1_number(x.edge_class, x.corner, x.face, 0));
         std::size_t i = number * 0x9E3779B9u >> shift;
         while (entries[i] != none && entries[i] != number)
             i = (i + 1) % entries.size();
@@ -49,32 +54,49 @@ class state_set {
     std::vector<std::uint32_t> entries;
 };
 
-state after(state x, int t) {
-    const class_step step = edge_class_steps[x.edge_class][t];
-    const int corner = a_corner_steps[x.corner].after[t];
-    return {step.edge_class, symmetry_on_corner[corner][step.symmetry]};
-}
-
-// Calls visit for a state and for what the symmetries of its class make of it.
-template <typename visitor> void for_each_image(state x, visitor visit) {
-    for (unsigned rest = edge_class_stabilizer[x.edge_class]; rest != 0; rest &= rest - 1)
-        visit(state{x.edge_class, symmetry_on_corner[x.corner][std::countr_zero(rest)]});
-}
-
-// Calls visit for all neighbours of a layer's states. A half turn is two quarter turns.
-template <typename visitor>
-void for_each_neighbour(const std::vector<state>& layer, visitor visit) {
-    for (const state x : layer)
-        for (int quarter = 0; quarter < a_twist_count; quarter += 3) {
-            for_each_image(after(x, quarter), visit);
-            for_each_image(after(x, quarter + 2), visit);
+// Calls visit for each start from which one twist of the cost leads to x. The symmetries of a class
+// make several out of one.
+template <typename visitor> void for_each_before(start x, int cost, visitor visit) {
+    for (int t = cost - 1; t < a_twist_count; t += t % 3 == 0 ? 2 : cost == 1 ? 1 : 3) {
+        if (t / 3 == x.face)
+            continue;
+        const class_step step = edge_class_steps[x.edge_class][t];
+        const int corner = symmetry_on_corner[a_corner_steps[x.corner].after[t]][step.symmetry];
+        const int twist = symmetry_on_twist[step.symmetry][t];
+        for (unsigned rest = edge_class_stabilizer[step.edge_class]; rest != 0; rest &= rest - 1) {
+            const int s = std::countr_zero(rest);
+            visit(start{step.edge_class, symmetry_on_corner[corner][s],
+                        static_cast<std::uint8_t>(symmetry_on_twist[s][twist] / 3)});
         }
+    }
 }
 
-// Enters a state into the sieves of a distance and more that are not filled yet.
-void enter(state x, int distance, int radius) {
-    for (int r = std::max(distance, near1_radius + 1); r <= radius; r++)
-        sieve_add(near1_sieves[r], near1_number(x.edge_class, x.corner));
+// Enters the state of a start into the sieve of its length.
+void enter(start x, int length) {
+    if (length > near1_by_face) {
+        sieve_add(near1_sieves[length], near1_number(x.edge_class, x.corner, 0, length));
+        return;
+    }
+    for (int last = 0; last < twist_face_count; last++)
+        if (last != x.face)
+            sieve_add(near1_sieves[length], near1_number(x.edge_class, x.corner, last, length));
+}
+
+// The starts of a length from those of the two lengths before.
+layer next_layer(const layer& one_less, const layer& two_less, int length) {
+    layer found;
+    start_set seen(length < 6 ? 12 : length == 6 ? 17 : 20);
+    const auto visit = [&](start x) {
+        if (seen.insert(x)) {
+            found.push_back(x);
+            enter(x, length);
+        }
+    };
+    for (const start x : one_less)
+        for_each_before(x, 1, visit);
+    for (const start x : two_less)
+        for_each_before(x, 2, visit);
+    return found;
 }
 
 } // namespace
@@ -92,29 +114,44 @@ constexpr sieve near1_sieves[] = {
     {words + words_before(9), log_words[9]},
 };
 
-constinit int near1_radius = -1;
+constinit int near1_length = -1;
 
-void near1_extend(int radius) {
-    assert(radius <= near1_greatest);
-    if (radius <= near1_radius)
+void near1_extend(int length) {
+    assert(length == near1_ordinary || length == near1_greatest);
+    if (length <= near1_length)
         return;
-    state_set seen(radius <= 8 ? 18 : 21); // holds the layers before the last
-    std::vector<state> layer = {
-        {classify_edges(a_eloc_goal).edge_class, 0}
-    };
-    seen.insert(layer[0]);
-    enter(layer[0], 0, radius);
-    for (int distance = 1; distance < radius; distance++) {
-        std::vector<state> next;
-        for_each_neighbour(layer, [&](state x) {
-            if (seen.insert(x)) {
-                next.push_back(x);
-                enter(x, distance, radius);
-            }
-        });
-        layer.swap(next);
+    // 1. Length 0: in the subgroup, by a twist of one of the faces that lead there from outside.
+    const start goal = {classify_edges(a_eloc_goal).edge_class, 0, 0};
+    for (const int last : {0, 1, 3, 4})
+        sieve_add(near1_sieves[0], near1_number(goal.edge_class, goal.corner, last, 0));
+    // 2. Length 1: those quarter turns back; up and down are not among them.
+    layer one_less, two_less;
+    for (const int not_this : {2, 5})
+        for_each_before({goal.edge_class, goal.corner, static_cast<std::uint8_t>(not_this)}, 1,
+                        [&](start x) {
+                            if (x.edge_class != goal.edge_class) {
+                                one_less.push_back(x);
+                                enter(x, 1);
+                            }
+                        });
+    // 3. The lengths that are kept.
+    for (int n = 2; n < near1_ordinary; n++) {
+        layer next = next_layer(one_less, two_less, n);
+        two_less = std::move(one_less);
+        one_less = std::move(next);
     }
-    // The last layer is not walked from, so that its states may come more than once.
-    for_each_neighbour(layer, [&](state x) { enter(x, radius, radius); });
-    near1_radius = radius;
+    // 4. The greater ones are not walked from again, so that a state may come more than once.
+    const auto eight = [&](start x) {
+        enter(x, near1_ordinary);
+        if (length > near1_ordinary)
+            for_each_before(x, 1, [](start y) { enter(y, near1_greatest); });
+    };
+    for (const start x : one_less) {
+        for_each_before(x, 1, eight);
+        if (length > near1_ordinary)
+            for_each_before(x, 2, [](start y) { enter(y, near1_greatest); });
+    }
+    for (const start x : two_less)
+        for_each_before(x, 2, eight);
+    near1_length = length;
 }

@@ -3,13 +3,19 @@
 // near1: which states of stage 1 lie within so many quarter turns of the subgroup.
 //
 // Nine tenths of what a search with the tables of pruning visits has 7 or 8 quarter turns left and
-// leads nowhere. But the states from which few quarter turns do suffice are few: 2.3 million of the
-// 2.2 billion within 7, 20 million within 8, 159 million within 9, and up to symmetry a sixteenth
-// of that. They are enumerated from the goal outwards and kept in one sieve a radius.
+// leads nowhere. But the states that few quarter turns bring into the subgroup are few: 2.3 million
+// of the 2.2 billion need up to 7, 20 million up to 8, 159 million up to 9, and up to symmetry a
+// sixteenth of that. They are enumerated from the goal outwards, one sieve a length.
 //
-// State     the sieves, zeros at first, and the radius up to which they are filled.
-// Memory    4.6 MB up to radius 8, 16 MB more for 9; pages that are not written cost nothing.
-// Units     a state is an edge class (symmetry.h) and an a_corner as its representative sees it.
+// A state belongs to a length if a sequence of just that length leads into the subgroup, no face
+// following itself, with a last twist that comes from outside. Most states near the goal have none
+// of the lengths just above their distance. And as the face that was turned last must not come
+// next, the sieves of short lengths have one entry for each face that may have been.
+//
+// State     the sieves, zeros at first, and the length up to which they are filled.
+// Memory    5 MB up to length 8, 8 MB more for 9; pages that are not written cost nothing.
+// Units     a state is an edge class (symmetry.h) and an a_corner as its representative sees it;
+//           a face, ORDER FLUBRD, is seen likewise.
 // Callers   search; solver fills the sieves up to 8.
 // Order     near1_extend after symmetry_tables_init.
 #pragma once
@@ -17,24 +23,20 @@
 #include "solver/sieve.h"
 #include "solver/symmetry.h"
 
-constexpr int near1_ordinary = 8; // radius that pays for any search
-constexpr int near1_greatest = 9; // largest radius there is room for
+constexpr int near1_ordinary = 8; // length that pays for any search
+constexpr int near1_greatest = 9; // largest length there is room for
+constexpr int near1_by_face = 6;  // up to this the sieves know the last face
 
-extern const sieve near1_sieves[near1_greatest + 1]; // by radius
-extern int near1_radius;                             // filled up to this; -1 at first
+extern const sieve near1_sieves[near1_greatest + 1]; // by length
+extern int near1_length;                             // filled up to this; -1 at first
 
-// Fills the sieves up to a radius, 0..near1_greatest; does nothing if they are. 8 takes 0.02 s, 9
-// takes 0.25 s.
-void near1_extend(int radius);
+// Fills the sieves up to a length, near1_ordinary or near1_greatest; does nothing if they are. 8
+// takes 0.03 s, 9 takes 0.3 s.
+void near1_extend(int length);
 
-// A state as a number.
-inline std::uint64_t near1_number(int edge_class, int corner) {
-    return static_cast<std::uint64_t>(edge_class * a_corner_size + corner);
-}
-
-// false if the state is certainly more than distance quarter turns from the subgroup. distance is
-// 0 or more.
-inline bool near1_within(int edge_class, int corner, int distance) {
-    return distance > near1_radius ||
-           sieve_has(near1_sieves[distance], near1_number(edge_class, corner));
+// A state as a number, with the last face where the length asks for it.
+inline std::uint64_t near1_number(int edge_class, int corner, int face, int length) {
+    const auto state = static_cast<std::uint64_t>(edge_class * a_corner_size + corner);
+    return length > near1_by_face ? state
+                                  : state * twist_face_count + static_cast<std::uint64_t>(face);
 }

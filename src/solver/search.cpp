@@ -62,61 +62,48 @@ a_place place_of(const a_node& root) {
     return {step.edge_class, symmetry_on_corner[root.a_corner][step.symmetry], step.symmetry, 0};
 }
 
-// Where twist t leads to, or edge_class_count for its class if the edges alone forbid it.
-bool step_to(const a_place& from, int t, int remaining, a_place& to) {
+// Where twist t leads to, and where the sieve of what remains then has it. false if the edges alone
+// forbid it.
+bool step_to(const a_place& from, int t, int remaining, a_place& to, sieve_place& at) {
     const int seen = symmetry_on_twist[from.symmetry][t];
     const class_step step = edge_class_steps[from.edge_class][seen];
     to.edge_class = step.edge_class;
     to.corner = symmetry_on_corner[a_corner_steps[from.corner].after[seen]][step.symmetry];
     to.symmetry = symmetry_on_symmetry[step.symmetry][from.symmetry];
     to.twist = static_cast<std::uint8_t>(t);
+    const int length = std::min(remaining, near1_length);
+    const int face = symmetry_on_twist[step.symmetry][seen] / 3;
+    at = sieve_find(near1_sieves[length], near1_number(to.edge_class, to.corner, face, length));
     return step.distance <= remaining;
 }
 
 // Lists the children of a stage-1 node from which the subgroup can be reached in time.
+//
+// The last twist must come from outside: a cube in the subgroup before it has had its stage 2 at a
+// lower depth, with no better end. That holds of U' as of the twists flagged in is_stage2_twist.
 int expand(const a_place& from, const a_node& node, a_place* children) {
-    const int remaining = node.remaining - 1;
-    // 1. The quarter turns that the edges allow. Their words of the sieve are far apart in memory
-    // and are asked for all at once.
+    // 1. What the edges allow. The sieve's words are far apart in memory and asked for all at once.
     a_place candidates[a_twist_count];
-    sieve_place words[a_twist_count];
-    const sieve& near = near1_sieves[std::min(remaining, near1_radius)];
+    sieve_place at[a_twist_count];
     int candidate_count = 0;
-    // The last twist must come from outside: a cube in the subgroup before it has had its stage 2
-    // at a lower depth, with no better end. This holds of U' as of the others.
-    for (int t = 0; t < a_twist_count; t += t % 3 == 0 ? 2 : 1) {
-        if (a_twist_list_ptrs[t][node.state] == forbidden_state ||
-            (remaining == 0 && t / 3 % 3 == 2))
+    for (int t = 0; t < a_twist_count; t++) {
+        const int remaining = node.remaining - a_metric_length[t];
+        if (a_twist_list_ptrs[t][node.state] == forbidden_state || remaining < 0)
             continue;
-        a_place& to = candidates[candidate_count];
-        const bool good = step_to(from, t, remaining, to);
-        words[candidate_count] = sieve_find(near, near1_number(to.edge_class, to.corner));
-        __builtin_prefetch(words[candidate_count].word);
+        const bool good =
+            step_to(from, t, remaining, candidates[candidate_count], at[candidate_count]);
+        __builtin_prefetch(at[candidate_count].word);
         candidate_count += good;
     }
-    // 2. Those that the sieve lets pass.
+    // 2. What the sieves let pass, and all that they do not reach.
     int count = 0;
-    int last = -1;
     for (int i = 0; i < candidate_count; i++) {
-        const bool good =
-            remaining > near1_radius || (*words[i].word & words[i].bits) == words[i].bits;
-        if (!good)
-            continue;
-        const int t = candidates[i].twist;
-        // 3. A half turn is a quarter turn from both, and has one quarter turn less to go.
-        if (t % 3 == 2 && last == t - 2 && remaining > 1) {
-            a_place to;
-            if (step_to(from, t - 1, remaining - 1, to) &&
-                near1_within(to.edge_class, to.corner, remaining - 1))
-                children[count++] = to;
+        const int remaining = node.remaining - a_metric_length[candidates[i].twist];
+        if (remaining > near1_length || (*at[i].word & at[i].bits) == at[i].bits) {
+            children[count++] = candidates[i];
+            __builtin_prefetch(edge_class_steps[candidates[i].edge_class]);
+            __builtin_prefetch(edge_class_steps[candidates[i].edge_class] + a_twist_count - 1);
         }
-        children[count++] = candidates[i];
-        last = t;
-    }
-    for (int i = 0; i < count; i++) {
-        const class_step* const row = edge_class_steps[children[i].edge_class];
-        __builtin_prefetch(row);
-        __builtin_prefetch(row + a_twist_count - 1);
     }
     return count;
 }
