@@ -16,9 +16,13 @@ namespace {
 // A stage-2 search that must go so much farther than the sieves reach repays larger ones.
 constexpr int near2_patience = 9;
 
+// Nodes just outside the stage-1 sieves whose visits cost as much as the next sieve.
+constexpr long long near1_patience = 1'500'000;
+
 // State
 
-int clicks; // calls of testclick since it asked, 0..70000
+long long frontier_visits; // of such nodes, in all searches
+int clicks;                // calls of testclick since it asked, 0..70000
 
 // The edge cubies that each sliceedge follows, labelled 1..4 in this order. ORDER CUBIE
 constexpr int marked_edges[3][4] = {
@@ -108,6 +112,16 @@ int expand(const a_place& from, const a_node& node, a_place* children) {
     return count;
 }
 
+// Before a depth: fills the greatest sieve once what it would have saved so far, and will save now,
+// is worth it. The nodes just outside the sieves multiply by nine with each depth.
+void repay_near1(int depth) {
+    long long expected = 1;
+    for (int length = near1_ordinary + 1; length < depth; length++)
+        expected *= 9;
+    if (near1_length == near1_ordinary && frontier_visits + expected > near1_patience)
+        near1_extend(near1_greatest);
+}
+
 // Brings one carried permutation up to the node at depth.
 void carry(const a_node* stack, std::uint16_t* const* moves, int* values, int from, int depth) {
     for (int i = from; i < depth; i++)
@@ -165,6 +179,7 @@ void solve_cube(cube_struc& cube) {
     b_node_count = 0;
     // 3. Depth by depth.
     for (int depth = lower;; depth++) {
+        repay_near1(depth);
         stage2_allotment = shortest_solution - depth - increment;
         if (stage2_allotment < 0)
             return;
@@ -198,6 +213,7 @@ int stage1_search(a_node* stack) {
             if (testclick())
                 return 0;
             a_node_count++;
+            frontier_visits += node->remaining == near1_length + 1;
             level.count = level.next = 0;
             if (node->remaining == 0) {
                 // 2. In the subgroup. No solution can be better than one that stage 2 adds nothing
