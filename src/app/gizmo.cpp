@@ -29,6 +29,7 @@ void* userdata(int macro) {
 
 void makepanel(int x, int y) {
     macrowindow = new Fl_Window(x, y, 280, 417);
+    macrowindow->xclass("Vexel");
     auto* heading = new Fl_Box(0, 5, 280, 22, "Macro Gizmo");
     heading->labelfont(FL_HELVETICA_BOLD);
     heading->labelsize(20);

@@ -18,6 +18,7 @@
 #include <FL/Fl_Window.H>
 #include <FL/x.H>
 
+#include <chrono>
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
@@ -53,6 +54,28 @@ void choosefonts() {
     Fl::set_font(FL_HELVETICA_BOLD, "BHelvetica");
 }
 
+// Waits until the window is on the screen: not before is it known where a window manager puts it.
+// One that is not shown, on another desktop for instance, is waited for a second.
+void waitforwindow() {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(1);
+    while (Fl_X::i(form)->wait_for_expose != 0 && std::chrono::steady_clock::now() < end) {
+        Fl::wait(0.01);
+    }
+}
+
+// A window manager gives the keyboard to the window that came last, the gizmo panel; this asks it
+// to give it back. The toolkit has no words for that.
+void askforkeyboard() {
+    XEvent event = {};
+    event.xclient.type = ClientMessage;
+    event.xclient.window = fl_xid(form);
+    event.xclient.message_type = XInternAtom(fl_display, "_NET_ACTIVE_WINDOW", False);
+    event.xclient.format = 32;
+    event.xclient.data.l[0] = 1; // the message comes from a program, not from a pager
+    const long mask = SubstructureRedirectMask | SubstructureNotifyMask;
+    XSendEvent(fl_display, RootWindow(fl_display, fl_screen), False, mask, &event);
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -70,7 +93,9 @@ int main(int argc, char** argv) {
     form->show();
     cube->show();
     initcubies();
+    waitforwindow();
     macrodisplay(form->x() + gizmodistance, form->y());
+    askforkeyboard();
     cube->take_focus();
     Fl::add_idle(IdleFunc, nullptr);
     return Fl::run();
