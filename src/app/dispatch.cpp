@@ -1,17 +1,24 @@
 // SPDX-License-Identifier: MIT
 #include "app/dispatch.h"
 
+#include "app/demo.h"
 #include "app/driver.h"
 #include "app/mainwindow.h"
 #include "app/menu.h"
 #include "app/messages.h"
+#include "app/ownrandom.h"
+#include "app/solvecube.h"
+#include "macros/library.h"
+#include "macros/macrofile.h"
+#include "macros/preferences.h"
 #include "model/cube.h"
 #include "model/notation.h"
+#include "model/permutation.h"
 #include "model/recording.h"
 #include "model/turns.h"
 #include "model/undo.h"
 #include "render/animation.h"
-#include "render/cube_box.h"
+#include "render/view.h"
 
 #include <FL/Fl.H>
 
@@ -31,7 +38,21 @@ void resetcube() {
     recordstop();
 }
 
+void order() {
+    calcorder(macroline());
+    recordstop();
+}
+
+void undoturn() {
+    undoing = 1;
+    undo();
+    undorecord();
+}
+
 void quit() {
+    if (demomode != 0) {
+        stopdemo();
+    }
     std::exit(0);
 }
 
@@ -40,8 +61,20 @@ void apply() {
     recordstop();
 }
 
+void define() {
+    definemacro();
+    recordstop();
+}
+
+void askspeed() {
+    setspeed();
+    writeprefs(); // also when the question was cancelled
+}
+
 void jumble() {
+    ownrandom();
     jumblecube();
+    otherrandom();
     recordstop();
 }
 
@@ -49,19 +82,83 @@ void togglerear() {
     showrear = 1 - showrear;
 }
 
+void solve() {
+    if (solvingcube != 0) {
+        return; // the solver lets the window live while it works
+    }
+    solvingcube = 1;
+    solvecube();
+    solvingcube = 0;
+    recordstop();
+    singlestepptr = 0;
+}
+
+void togglerecording() {
+    if (recording != 0) {
+        recordstop();
+    } else {
+        recordstart();
+    }
+}
+
+void longsolve() {
+    tryhard = tryhard == 0 ? 1 : 0;
+    settryhardmenu();
+}
+
+void verylongsolve() {
+    tryhard = tryhard != 2 ? 2 : 0;
+    settryhardmenu();
+}
+
+void inputcube() {
+    loadcube();
+    recordstop();
+    needsredraw = 1;
+}
+
+void showgizmo() {
+    macrodisplay(0, 0);
+}
+
+// What a command does while the demo runs: its work, or nothing but end the demo.
+enum demo_guard { runs, endsdemo };
+
 struct command_row {
     long number;
+    demo_guard guard;
     void (*action)();
 };
 
 // A number without a row is free.
 constexpr command_row command_table[] = {
-    {100, resetcube }, // Reset Cube
-    {105, quit      }, // Quit
-    {106, apply     }, // Apply Macro
-    {107, setspeed  }, // Set Cube Speed
-    {112, jumble    }, // Jumble Cube
-    {113, togglerear}, // Show Rear Cube
+    {100, endsdemo, resetcube         }, // Reset Cube
+    {101, endsdemo, order             }, // Macro Order
+    {102, endsdemo, undoturn          }, // Undo
+    {104, endsdemo, define            }, // Define Macro
+    {105, runs,     quit              }, // Quit
+    {106, endsdemo, apply             }, // Apply Macro
+    {107, endsdemo, askspeed          }, // Set Cube Speed
+    {108, runs,     solve             }, // Solve Cube
+    {109, runs,     setcubecolors     }, // Set Cube Colors
+    {111, runs,     toggledemo        }, // Start Demo, Stop Demo
+    {112, endsdemo, jumble            }, // Jumble Cube
+    {113, runs,     togglerear        }, // Show Rear Cube
+    {114, runs,     inputcube         }, // Input Cube
+    {115, runs,     deletedefinedmacro}, // Delete Macro
+    {116, runs,     togglerecording   }, // Record On, Record Off
+    {117, runs,     savecube          }, // Save Cube, Restore Cube
+    {118, runs,     snarfmacros       }, // Load Macro File
+    {119, runs,     about             }, // About Vexel
+    {120, runs,     longsolve         }, // Long Solve
+    {121, runs,     verylongsolve     }, // Very Long Solve
+    {122, runs,     deleteallmacros   }, // Delete All Macros
+    {123, runs,     dumpcubeperm      }, // Display Permutation
+    {124, runs,     showgizmo         }, // Show Macro Gizmo
+    {125, runs,     addmactogizmo     }, // Add Macro to Gizmo
+    {126, runs,     deletemacfromgizmo}, // Delete Macro from Gizmo
+    {127, runs,     clearmacrogizmo   }, // Clear Macro Gizmo
+    {128, runs,     dumpmacfile       }, // Dump Macro File
 };
 
 } // namespace
@@ -78,7 +175,11 @@ void b_cb(Fl_Widget*, long cmd) {
     }
     for (const command_row& row : command_table) {
         if (row.number == cmd) {
-            row.action();
+            if (row.guard == endsdemo && demomode != 0) {
+                stopdemo();
+            } else {
+                row.action();
+            }
             return;
         }
     }

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "app/driver.h"
 
+#include "app/demo.h"
 #include "app/mainwindow.h"
 #include "app/messages.h"
 #include "app/my_input.h"
 #include "model/notation.h"
 #include "model/turns.h"
 #include "render/cube_box.h"
+#include "render/view.h"
 #include "shell.h"
 #include "solver/cubecheck.h"
 
@@ -33,6 +35,10 @@ void quietpass() {
     if (needsredraw != 0) {
         cube->redraw();
         needsredraw = 0;
+    }
+    if (demomode != 0) {
+        rundemo();
+        return;
     }
     Fl::remove_idle(IdleFunc, nullptr);
     Fl::add_timeout(0.1, timeoutfunc, nullptr);
@@ -95,7 +101,7 @@ void timeoutfunc(void*) {
     Fl::add_idle(IdleFunc, nullptr);
 }
 
-void landturn() {
+void finishturn() {
     if (turnmode == noturn) {
         return;
     }

@@ -21,7 +21,7 @@ extern int singlestepptr; // next character of the macro line to step over, 0..;
 void IdleFunc(void*);    // one pass; the toolkit's idle callback while there is work
 void timeoutfunc(void*); // brings IdleFunc back after a quiet tenth of a second
 
-void landturn(); // ends the turn in progress at once: it is applied, its frames are skipped
+void finishturn(); // ends the turn in progress at once: it is applied, its frames are skipped
 
 // Asks for TURNTIME. 1..999 is taken, leading digits count, anything else changes nothing.
 void setspeed();
@@ -31,10 +31,6 @@ void setspeed();
 // does nothing at the start. Nothing is checked: each character is parsed by itself.
 void singlestepmacro();
 void revsinglestepmacro();
-
-// Applies the macro line at once, backwards while Shift is held. A text that fails the check is
-// refused with "Macro screwed up:".
-void applymacro();
 
 // The macro line's text, ready to be parsed: checked, and converted when it was in the Singmaster
 // form. Nothing, after the message, when it fails the check.

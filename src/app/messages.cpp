@@ -2,9 +2,16 @@
 #include "app/messages.h"
 
 #include "app/mainwindow.h"
+#include "input/colorcollector.h"
+#include "macros/preferences.h"
+#include "model/cube.h"
+#include "model/notation.h"
+#include "model/turns.h"
+#include "render/colors.h"
 #include "shell.h"
 
 #include <FL/Fl_Box.H>
+#include <FL/Fl_File_Chooser.H>
 #include <FL/Fl_Window.H>
 #include <FL/fl_ask.H>
 
@@ -27,6 +34,19 @@ std::string label(const char* text) {
     return doubled;
 }
 
+// The six colour letters of an answer, in upper case; empty if it is a bad one.
+std::string colorletters(const char* answer) {
+    std::string letters;
+    for (int i = 0; i < cubefacecount && answer[i] != '\0'; ++i) {
+        const char upper = answer[i] >= 'a' && answer[i] <= 'z' ? flipcase(answer[i]) : answer[i];
+        if (findletter(upper) == nullptr || letters.find(upper) != std::string::npos) {
+            return "";
+        }
+        letters += upper;
+    }
+    return letters.size() == cubefacecount ? letters : "";
+}
+
 } // namespace
 
 void displaystring(const char* text) {
@@ -46,6 +66,38 @@ bool askyesno(const char* question) {
 
 const char* askline(const char* prompt, const char* preset) {
     return fl_input("%s", preset, label(prompt).c_str());
+}
+
+const char* askfile(const char* title, const char* pattern, const char* preset) {
+    return fl_file_chooser(title, pattern, preset, 0);
+}
+
+void loadcube() {
+    colorcollector();
+}
+
+void about() {
+    showalert("Vexel's Cube Simulator\n"
+              "Turn it, scramble it, play macros on it, have it solved.\n"
+              "The manual page vexel(6) tells the rest.");
+}
+
+void setcubecolors() {
+    const std::string prompt =
+        "Set cube colors in this order:ULFRBD.\nChoose colors from: " + std::string(validcolors) +
+        ".\nOriginal default = WGRBOY";
+    const char* answer = askline(prompt.c_str(), colortable);
+    if (answer == nullptr) {
+        return;
+    }
+    const std::string letters = colorletters(answer);
+    if (letters.empty()) {
+        showalert("Bad color pattern");
+        return;
+    }
+    letters.copy(colortable, cubefacecount);
+    needsredraw = 1;
+    writeprefs();
 }
 
 void showmessagewindow(const char* text, double) {

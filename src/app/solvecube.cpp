@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+#include "app/solvecube.h"
+
+#include "app/dispatch.h"
+#include "app/driver.h"
+#include "app/mainwindow.h"
+#include "app/messages.h"
+#include "app/my_input.h"
+#include "model/cube.h"
+#include "model/notation.h"
+#include "model/permutation.h"
+#include "model/turns.h"
+#include "solver/solver.h"
+
+#include <cstring>
+#include <string>
+
+namespace {
+
+// Returns false when Alt+Q interrupted; the steps done so far are kept.
+bool initializesolver() {
+    static bool initialized = false;
+    if (initialized) {
+        return true;
+    }
+    showmessagewindow("Initializing solver ...\n", 0);
+    delay();
+    while (initializesolve() == 0) {
+        delay();
+        if (alt_q() != 0) {
+            hidemessagewindow();
+            return false;
+        }
+    }
+    hidemessagewindow();
+    initialized = true;
+    return true;
+}
+
+// The cube in the solver's words. The colours are put back at once, not after the search: the wait
+// panel lets the view redraw, which must not show the normalised cube.
+std::string cubiestring() {
+    muckcube();
+    const std::string listing = dumpcube();
+    unmuckcube();
+    return listing;
+}
+
+void showsolution(const char* solution) {
+    setmacroline(solution);
+    loadout(solution == nullptr ? "" : solution);
+    if (solution == nullptr) {
+        showalert("Solve error.  Bad cube definition?");
+    } else {
+        showalert("Cube solution appears in macro area.\n"
+                  "Type the return key to activate the solution.\n"
+                  "Single-step slowly with the arrow keys.");
+        inp->take_focus();
+    }
+    inp->position(0, 0);
+    inp->redraw();
+    inp->set_changed();
+}
+
+} // namespace
+
+void solvecube() {
+    if (!initializesolver()) {
+        return;
+    }
+    finishturn();
+    clearqueue();
+    setmacroline("");
+    loadout("");
+    inp->set_changed();
+    const std::string cubies = cubiestring();
+    showmessagewindow("Solving cube ...\nAlt-Q interrupts.", 0);
+    delay();
+    setsearchdepth(tryhard + 14);
+    const char* solution = my_user_enters_cube(cubies.c_str());
+    hidemessagewindow();
+    if (solution == nullptr || std::strcmp(solution, "error") != 0) {
+        showsolution(solution);
+    }
+}

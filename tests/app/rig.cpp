@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+#include "app/rig.h"
+
+#include "app/dispatch.h"
+#include "app/driver.h"
+#include "app/mainwindow.h"
+#include "app/my_input.h"
+#include "model/cube.h"
+#include "model/notation.h"
+#include "model/turns.h"
+#include "model/undo.h"
+#include "render/animation.h"
+#include "render/cube_box.h"
+#include "render/projection.h"
+
+#include <FL/Fl.H>
+#include <FL/Fl_Window.H>
+
+#include <cstdlib>
+
+namespace {
+
+std::function<void()> pendinganswer;
+
+void answerbox(void*) {
+    if (screen().windows().size() < 2) {
+        Fl::repeat_timeout(0.01, answerbox);
+        return;
+    }
+    screen().focus(screen().windows().back());
+    pendinganswer();
+}
+
+void buildwindow() {
+    static scratchfolder home; // for the preferences
+    setenv("HOME", home.path().c_str(), 1);
+    setenv("DISPLAY", screen().name().c_str(), 1);
+    initdrawface();
+    makeform("Vexel's Cube Simulator");
+    form->show();
+    cube->show();
+    Fl::add_idle(IdleFunc, nullptr);
+    for (int i = 0; i < 50; ++i) {
+        Fl::wait(0.01);
+    }
+    screen().focus(screen().windows().back());
+}
+
+} // namespace
+
+xserver& screen() {
+    static xserver server;
+    return server;
+}
+
+void openwindow() {
+    if (form == nullptr) {
+        buildwindow();
+    }
+    initcubies();
+    initundo();
+    initturns();
+    initnotation();
+    singlestepptr = 0;
+    tryhard = 0;
+    showrear = 1;
+    inp->value("");
+    cube->take_focus();
+    if (Fl::has_idle(IdleFunc, nullptr) == 0) {
+        Fl::remove_timeout(timeoutfunc, nullptr);
+        Fl::add_idle(IdleFunc, nullptr);
+    }
+}
+
+void pass() {
+    Fl::wait(0.2);
+}
+
+int passestoend() {
+    int passes = 0;
+    while (turnmode != noturn) {
+        pass();
+        ++passes;
+    }
+    return passes;
+}
+
+void settle() {
+    while (turnmode != noturn || turns[turn] != noturn || needsredraw != 0) {
+        pass();
+    }
+}
+
+void withdialog(const std::function<void()>& dialog, const std::function<void()>& answer) {
+    pendinganswer = answer;
+    Fl::add_timeout(0.01, answerbox);
+    dialog();
+}

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+//
+// rig: the program's own window, built in the test's process on a private screen.
+//
+// Purpose   lets a test call the driver and the dispatcher itself, count passes and look at the
+//           globals. What a person sees is tested from outside (tests/window).
+// State     one screen and one window for the life of the process, made by the first openwindow.
+#pragma once
+
+#include "window/xserver.h"
+
+#include <functional>
+
+xserver& screen();
+
+// Builds and shows the window as main does, at the first call; then puts model, queue, driver and
+// macro line back to their initial values.
+void openwindow();
+
+// One pass of the toolkit's loop, and so one of the driver while it is registered.
+void pass();
+
+// Passes until no turn is in progress, and how many there were.
+int passestoend();
+
+// Passes until nothing is in progress or queued and the view is up to date.
+void settle();
+
+// Calls dialog, which opens one of the toolkit's boxes and blocks, and has answer called as soon as
+// the box is there and has the keyboard.
+void withdialog(const std::function<void()>& dialog, const std::function<void()>& answer);
