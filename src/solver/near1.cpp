@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "solver/near1.h"
 
+#include <algorithm>
 #include <bit>
 #include <cassert>
 #include <utility>
@@ -117,13 +118,14 @@ constexpr sieve near1_sieves[] = {
 constinit int near1_length = -1;
 
 void near1_extend(int length) {
-    assert(length == near1_ordinary || length == near1_greatest);
+    assert(length >= near1_initial && length <= near1_greatest);
     if (length <= near1_length)
         return;
+    const int last = std::min(length, near1_ordinary);
     // 1. Length 0: in the subgroup, by a twist of one of the faces that lead there from outside.
     const start goal = {classify_edges(a_eloc_goal).edge_class, 0, 0};
-    for (const int last : {0, 1, 3, 4})
-        sieve_add(near1_sieves[0], near1_number(goal.edge_class, goal.corner, last, 0));
+    for (const int face : {0, 1, 3, 4})
+        sieve_add(near1_sieves[0], near1_number(goal.edge_class, goal.corner, face, 0));
     // 2. Length 1: those quarter turns back; up and down are not among them.
     layer one_less, two_less;
     for (const int not_this : {2, 5})
@@ -135,23 +137,23 @@ void near1_extend(int length) {
                             }
                         });
     // 3. The lengths that are kept.
-    for (int n = 2; n < near1_ordinary; n++) {
+    for (int n = 2; n < last; n++) {
         layer next = next_layer(one_less, two_less, n);
         two_less = std::move(one_less);
         one_less = std::move(next);
     }
     // 4. The greater ones are not walked from again, so that a state may come more than once.
-    const auto eight = [&](start x) {
-        enter(x, near1_ordinary);
-        if (length > near1_ordinary)
+    const auto enter_last = [&](start x) {
+        enter(x, last);
+        if (length > last)
             for_each_before(x, 1, [](start y) { enter(y, near1_greatest); });
     };
     for (const start x : one_less) {
-        for_each_before(x, 1, eight);
-        if (length > near1_ordinary)
+        for_each_before(x, 1, enter_last);
+        if (length > last)
             for_each_before(x, 2, [](start y) { enter(y, near1_greatest); });
     }
     for (const start x : two_less)
-        for_each_before(x, 2, eight);
+        for_each_before(x, 2, enter_last);
     near1_length = length;
 }

@@ -85,13 +85,6 @@ void fill_quarter_rows(std::uint16_t** ptrs, int size, twist_function twist) {
             ptrs[3 * face][x] = static_cast<std::uint16_t>(twist(face, x));
 }
 
-int quarter_twist_on_cornerperm(int face, int index) {
-    int perm[corners];
-    perm_n_unpack(corners, index, perm);
-    face_cycle(perm, face_cycles[face].corners);
-    return perm_n_pack(corners, perm);
-}
-
 int quarter_twist_on_sliceedge(int face, int index) {
     int labels[edges];
     sliceedge_unpack(index, labels);
@@ -201,7 +194,16 @@ void twist_on_cornerperm_init(std::uint16_t* table, std::uint16_t** a_ptrs,
     point_rows(table, a_ptrs, a_twist_count, cornerperm_size);
     for (int t = 0; t < b_twist_count; t++)
         b_ptrs[t] = a_ptrs[b_to_a_twist[t]];
-    fill_quarter_rows(a_ptrs, cornerperm_size, quarter_twist_on_cornerperm);
+    for (int x = 0; x < cornerperm_size; x++) {
+        int perm[corners];
+        perm_n_unpack(corners, x, perm);
+        for (int face = 0; face < twist_face_count; face++) {
+            int twisted[corners];
+            std::copy(perm, perm + corners, twisted);
+            face_cycle(twisted, face_cycles[face].corners);
+            a_ptrs[3 * face][x] = static_cast<std::uint16_t>(perm_n_pack(corners, twisted));
+        }
+    }
     complete_twist_rows(a_ptrs, cornerperm_size);
 }
 

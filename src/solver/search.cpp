@@ -71,6 +71,8 @@ a_place place_of(const a_node& root) {
 bool step_to(const a_place& from, int t, int remaining, a_place& to, sieve_place& at) {
     const int seen = symmetry_on_twist[from.symmetry][t];
     const class_step step = edge_class_steps[from.edge_class][seen];
+    if (step.distance > remaining)
+        return false;
     to.edge_class = step.edge_class;
     to.corner = symmetry_on_corner[a_corner_steps[from.corner].after[seen]][step.symmetry];
     to.symmetry = symmetry_on_symmetry[step.symmetry][from.symmetry];
@@ -78,7 +80,8 @@ bool step_to(const a_place& from, int t, int remaining, a_place& to, sieve_place
     const int length = std::min(remaining, near1_length);
     const int face = symmetry_on_twist[step.symmetry][seen] / 3;
     at = sieve_find(near1_sieves[length], near1_number(to.edge_class, to.corner, face, length));
-    return step.distance <= remaining;
+    __builtin_prefetch(at.word);
+    return true;
 }
 
 // Lists the children of a stage-1 node from which the subgroup can be reached in time.
@@ -96,7 +99,6 @@ int expand(const a_place& from, const a_node& node, a_place* children) {
             continue;
         const bool good =
             step_to(from, t, remaining, candidates[candidate_count], at[candidate_count]);
-        __builtin_prefetch(at[candidate_count].word);
         candidate_count += good;
     }
     // 2. What the sieves let pass, and all that they do not reach.
@@ -112,9 +114,13 @@ int expand(const a_place& from, const a_node& node, a_place* children) {
     return count;
 }
 
-// Before a depth: fills the greatest sieve once what it would have saved so far, and will save now,
-// is worth it. The nodes just outside the sieves multiply by nine with each depth.
+// Before a depth: fills larger sieves where the search will repay it. The nodes just outside the
+// ordinary ones multiply by nine with each depth; the greatest sieve is filled once what it would
+// have saved so far, and will save now, is worth it.
 void repay_near1(int depth) {
+    if (depth <= near1_ordinary)
+        return;
+    near1_extend(near1_ordinary);
     long long expected = 1;
     for (int length = near1_ordinary + 1; length < depth; length++)
         expected *= 9;
@@ -213,7 +219,7 @@ int stage1_search(a_node* stack) {
             if (testclick())
                 return 0;
             a_node_count++;
-            frontier_visits += node->remaining == near1_length + 1;
+            frontier_visits += node->remaining == near1_ordinary + 1;
             level.count = level.next = 0;
             if (node->remaining == 0) {
                 // 2. In the subgroup. No solution can be better than one that stage 2 adds nothing

@@ -15,7 +15,7 @@ void distances_of_stage1_edges() {
     a_eflip_eloc_dist_init(eflip_eloc_dist_table, eflip_eloc_dist_ptrs);
     // All that stage 1 needs beside the described tables.
     symmetry_tables_init();
-    near1_extend(near1_ordinary);
+    near1_extend(near1_initial);
 }
 
 void distances_of_stage2_edges() {
