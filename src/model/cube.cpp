@@ -54,7 +54,7 @@ constexpr int cornerplaces[cornercount][3] = {
     {53, 42, 35}, // DBR
 };
 
-// By place, a row of the face a line
+// By place, a row of the face a line, labelled by its first place.
 constinit const char* const facenames[placecount] = {
     "Ulb", "Ub", "Urb", //  0
     "Ul",  "U",  "Ur",  //  3
@@ -162,12 +162,14 @@ constexpr bool coverscubies() {
 static_assert(soundtable(face_table) && soundtable(cube_table));
 static_assert(coverscubies());
 
+// The cycles of a row touch different places, so that their order does not matter.
 void docycles(const cycle* row, int length) {
     for (int i = 0; i < length; i++) {
         move(row[i][0], row[i][1], row[i][2], row[i][3]);
     }
 }
 
+// From the end of the cycle, so that only the last facelet needs a place to wait.
 void movefour(unsigned char* places, int a, int b, int c, int d) {
     const unsigned char last = places[d];
     places[d] = places[c];
@@ -187,6 +189,7 @@ void initcubies() {
     }
 }
 
+// The one place where facelets move: both arrays here, or they would part for good.
 void move(int a, int b, int c, int d) {
     movefour(cubecolors, a, b, c, d);
     movefour(cubefaces, a, b, c, d);
@@ -198,6 +201,7 @@ void moveface(unsigned f) {
     }
 }
 
+// The faces R, B and D have no row of their own: they are three quarters of their opposites.
 void movecube(unsigned f) {
     if (f >= cubefacecount) {
         return;
@@ -223,6 +227,8 @@ void moveslice(unsigned f) {
     movecube(f);
 }
 
+// The number of passes is drawn first and the three turns of a pass in this order: the scrambles of
+// a run are part of the design, and any other order of draws would give others.
 void jumblecube() {
     const int r = rand();
     initcubies();
@@ -236,6 +242,7 @@ void jumblecube() {
 
 // Looking
 
+// Each place against the first of its face.
 int solved() {
     for (int p = 0; p < placecount; p++) {
         if (cubecolors[p] != cubecolors[p - p % faceplaces]) {
@@ -247,6 +254,7 @@ int solved() {
 
 namespace {
 
+// A colour is named by the face that it is at home on.
 char faceletter(int place) {
     assert(place >= 0 && place < placecount);
     return faces[cubecolors[place]];
@@ -284,6 +292,7 @@ const char* dumpcube() {
 
 namespace {
 
+// Three places, each with a blank behind it: the gap between two faces is thus two blanks wide.
 void printrow(int first) {
     for (int p = first; p < first + 3; p++) {
         printf("%c ", color[cubecolors[p]]);

@@ -54,10 +54,12 @@ int istwist(char c) {
 
 namespace {
 
+// The character that takes the next one with it, whatever that is.
 bool ispair(char c) {
     return c == '*' || c == '>';
 }
 
+// Without the locale, and safe for characters below zero.
 bool isdecimal(char c) {
     return c >= '0' && c <= '9';
 }
@@ -84,6 +86,7 @@ int paircode(char kind, char c) {
     return index < 0 ? noturn : index + (kind == '*' ? 12 : 18);
 }
 
+// A count of many digits stops at the largest int: no macro can tell the difference in a lifetime.
 int countdigit(int count, char digit) {
     const long long grown = count * 10LL + (digit - '0');
     return static_cast<int>(grown < INT_MAX ? grown : INT_MAX);
@@ -91,7 +94,13 @@ int countdigit(int count, char digit) {
 
 } // namespace
 
-// Parsing
+// Parsing. No function here calls itself: the groups around the current place are kept in a list,
+// so that the depth of a text is bounded by memory alone. The rules in the order of the code:
+//
+//   1. Group ends are found first, for a group without an end is not done at all.
+//   2. A turn goes to landturn(), which queues or does it, or belongs to the group's round.
+//   3. A group is entered once, whatever its count, and multiplied when it is left (rounds.h).
+//   4. A full queue ends the parse in whatever depth; what was queued stays.
 
 namespace {
 
@@ -112,7 +121,8 @@ struct parse {
 
 constexpr int nopartner = -1;
 
-// Group ends are found before anything is done, since a group without an end is not done at all.
+// Each direction finds the groups in its own way, for it is a matter of direction which characters
+// make a pair: in "*>F" the pair is "*>" from the left and ">F" from the right.
 
 void matchforwards(parse& p) {
     std::vector<int> open;
@@ -144,6 +154,7 @@ void matchbackwards(parse& p) {
     }
 }
 
+// Most macros have no group and are spared the search.
 parse beginparse(const char* text, int length, char bracket) {
     parse p;
     p.text = text;
@@ -155,6 +166,7 @@ parse beginparse(const char* text, int length, char bracket) {
     return p;
 }
 
+// The reset of an "s" belongs to the text around the group and comes before the round.
 void entergroup(parse& p, const group& entered) {
     if (entered.count == 0) {
         landreset(p.to);
@@ -164,6 +176,7 @@ void entergroup(parse& p, const group& entered) {
     parselevel++;
 }
 
+// An order needs a cube that turns: in queueing mode the group of an "s" is one round like another.
 // 1, or 0 if the queue is full.
 int leavegroup(parse& p) {
     const int count = p.groups.back().count;
@@ -199,6 +212,7 @@ int levelend(const parse& p) {
     return parselevel == 0 ? p.length : p.groups.back().end;
 }
 
+// Enters the group that begins here, or steps over it when it has neither a count nor an "s".
 void openforwards(parse& p, forward_place& at) {
     const int close = p.partner[static_cast<size_t>(at.i)];
     if (close == nopartner) {
@@ -224,10 +238,7 @@ int stepforwards(parse& p, forward_place& at) {
     const char c = p.text[at.i];
     int code = facecode(c);
     switch (c) {
-    case '(':
-        openforwards(p, at);
-        at.count = 0;
-        return 1;
+    case '(': openforwards(p, at); return 1;
     case 's': at.armed = true; break;
     case 'x': landreset(p.to); break;
     case '*':
@@ -243,6 +254,7 @@ int stepforwards(parse& p, forward_place& at) {
     return code == noturn ? 1 : landturn(p.to, code);
 }
 
+// At the end of a level the group is left, which leads back to the level around it.
 void parseforwards(parse& p) {
     forward_place at = {0, 0, false};
     int good = 1;
@@ -264,17 +276,25 @@ int parsestring(const char* text, int length) {
     return queueing != 0 ? turnptr : 0;
 }
 
-// Parsing backwards
+// Parsing backwards. The place i goes down; a level ends at its "(", or before the first character.
+// At each place, in this order:
+//
+//   1. A character with "*" or ">" before it is taken with that, as the turn of the opposite face.
+//   2. A face letter is turned the other way.
+//   3. A ")" leads into its group, if digits stand before the "(".
+//   4. Anything else is stepped over.
 
 namespace {
 
 // Deliberate: NOT-BUGS.md, "Only five digits of a count are reversed"
 constexpr int countdigits = 5;
 
+// The place before the first of the level.
 int levelbegin(const parse& p) {
     return parselevel == 0 ? -1 : p.groups.back().begin;
 }
 
+// The first character of a level has nothing before it that could make it a pair.
 bool endspair(const parse& p, int i) {
     return i > levelbegin(p) + 1 && ispair(p.text[i - 1]);
 }
@@ -355,6 +375,8 @@ void revparsestring(const char* text, int length) {
     endparse(p);
 }
 
+// The brackets are put around the macro as it is: one that closes them early gets the order of what
+// comes before, one that never closes them none.
 int calcorder(const char* macro) {
     const std::string text = "s(" + std::string(macro) + ")";
     const int mode = parsing;
@@ -386,6 +408,7 @@ int goodcharacter(const char* text, int i, int& depth) {
     return facecode(c) != noturn || isdecimal(c) || c == 's' ? 1 : 0;
 }
 
+// Only the depth is kept: as the brackets are all of one kind, it tells whether they match.
 int goodmacro(const char* text, int length) {
     int depth = 0;
     for (int i = 0; i < length; i++) {
@@ -403,6 +426,7 @@ int goodmacro(const char* text, int length) {
 
 } // namespace
 
+// After a conversion nothing but face letters is left; the check goes on over them all the same.
 int sanitycheckmacro(const char* text, int length) {
     if (length < 1 || text[0] != '[') {
         return goodmacro(text, length);
@@ -414,6 +438,7 @@ int sanitycheckmacro(const char* text, int length) {
     return goodmacro(macroline(), static_cast<int>(strlen(macroline())));
 }
 
+// The line is read to the "]" before anything is written, so that a failure changes nothing.
 int parsesingmaster() {
     const char* c = macroline();
     std::string plain;
@@ -453,6 +478,7 @@ constexpr int badlength = -1;
 
 } // namespace
 
+// The groups are kept in a list here too. A group that ends is added to the one around it.
 int maclen(const char* text, int length) {
     std::vector<counted_group> groups;
     int turnscounted = 0;

@@ -109,6 +109,7 @@ void findcubies(const int (&data)[rows][2 * n], const int (&allorders)[orders][n
 
 // Normalising
 
+// The centres say which colour is which; the cubies are then looked up by their colours' faces.
 void muckcube() {
     for (int face = 0; face < cubefacecount; face++) {
         muck[cubecolors[face * faceplaces + 4]] = face;
@@ -143,6 +144,8 @@ void xunmuckcube() {
 }
 
 // Comparing names
+
+// 2 and 3 tell how far the letters are shifted: an edge has one way to lie wrong, a corner two.
 
 int sameedge(const char* a, const char* b) {
     if (a[0] == b[0] && a[1] == b[1]) {
@@ -196,6 +199,8 @@ std::string facecycle(int p, bool* done, int& length) {
 
 } // namespace
 
+// The walk goes from a place to the home of the facelet there. Written backwards, each name is
+// followed by the place to which its facelet has gone.
 const char* faceperm() {
     bool done[placecount];
     for (int p = 0; p < placecount; p++) {
@@ -280,6 +285,8 @@ void writetwisted(const char* name, int twist, cycle_report& report) {
     report.counts[1]++;
 }
 
+// Cycles begin at the first position, in ORDER CUBIE, that holds a stranger. A cubie at home that
+// is flipped or twisted counts as a cycle of one; orientation within a longer cycle is not told.
 void writecubies(const cubie_kind& kind, cycle_report& report) {
     bool done[edgecount] = {};
     for (int i = 0; i < kind.count; i++) {
@@ -293,10 +300,10 @@ void writecubies(const cubie_kind& kind, cycle_report& report) {
         } else if (same != 1) {
             writetwisted(kind.names[i], same, report);
         }
-        done[j] = true;
     }
 }
 
+// The listing is of the form that sanitycheckcube() accepts, so that all twenty names are there.
 void readlisting(const char* listing, cubie_kind& edges, cubie_kind& corners) {
     const int read =
         sscanf(listing,
@@ -315,6 +322,8 @@ void readlisting(const char* listing, cubie_kind& edges, cubie_kind& corners) {
 
 } // namespace
 
+// Everything is told relative to the centres, so the listing and the facelets must be taken while
+// the cube is normalised; the alert comes last, when it is itself again.
 void dumpcubeperm() {
     muckcube();
     const char* listing = dumpcube();

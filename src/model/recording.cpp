@@ -80,6 +80,7 @@ void record(const char* text) {
     lengthreadoutchanged();
 }
 
+// The inverse turn itself is kept out of the recording by record().
 void undorecord() {
     if (recording == 0 || facecount == 0) {
         return;

@@ -37,6 +37,8 @@ std::string multiplied(const std::string& codes, int count) {
     return result;
 }
 
+// To the round around this one, or at top level to the undo buffer, where an undo that is under way
+// takes the first of them for its own.
 void landcodes(landing& to, const std::string& codes) {
     if (!to.open.empty()) {
         std::string& outer = to.open.back().codes;
@@ -82,12 +84,14 @@ round takeround(landing& to) {
     return done;
 }
 
+// What the round around this one did before the reset is of no account any more.
 void markreset(landing& to) {
     if (!to.open.empty()) {
         to.open.back().reset = true;
     }
 }
 
+// Read while they are written, behind themselves: the queue never moves.
 int queuerounds(const round& done, int count) {
     const int end = turnptr;
     if (end == done.start) {
@@ -133,6 +137,7 @@ int roundstosolved() {
 
 } // namespace
 
+// In a round the turn is done on the cube that stands in for the real one.
 int landturn(landing& to, int code) {
     if (to.queueing) {
         return queueturn(code);
@@ -177,6 +182,5 @@ void endorder(landing& to) {
     const round done = takeround(to);
     const int order = done.reset ? solved() : roundstosolved();
     to.orders.push_back(order);
-    markreset(to);
     landcodes(to, multiplied(done.codes, order != 0 ? order : 2));
 }

@@ -51,7 +51,7 @@ void beginround(landing& to);
 // Ends the round and makes it count rounds, count >= 1. 1, or 0 if the queue is full.
 int endrounds(landing& to, int count);
 
-// Ends the round as the first of as many as solve a cube that was solved before the first, and adds
-// their number to orders; 0, and two rounds, if each round ends alike and unsolved. Only in direct
-// mode.
+// Ends the round as the first of as many as solve the cube, and adds their number to orders; 0, and
+// two rounds, if each round ends alike and unsolved. In direct mode only, and after a landreset()
+// just before the round began.
 void endorder(landing& to);

@@ -56,6 +56,7 @@ constexpr bool inversepair(const turn_row& a, const turn_row& b) {
     return b.face == oppositeface[a.face] && a.quarters == 1 && b.quarters == 1;
 }
 
+// The three orders of the table, and that inverse codes differ in the lowest bit.
 constexpr bool soundturns() {
     for (int code = 0; code < turncount; code++) {
         const turn_row& row = turn_table[code];
@@ -84,6 +85,7 @@ constinit int TURNTIME = 120;
 constinit int needsredraw = 1;
 constinit int turnlanded = 0;
 
+// There is no counter-clockwise turn of its own: it is three clockwise ones.
 void applyturn(int code) {
     if (code < 0 || code >= turncount) {
         return;
@@ -98,6 +100,8 @@ void applyturn(int code) {
     }
 }
 
+// One entry is kept for the end mark, which is written anew with each code, so that the driver may
+// read at any time.
 int queueturn(int code) {
     assert(code >= 0 && code < turncount);
     if (turnptr >= queuesize - 1) {
@@ -114,6 +118,7 @@ void clearqueue() {
     turns[0] = noturn;
 }
 
+// The frame is left alone: a turn that is replaced hands its frame on to the next.
 void startturn(int code) {
     assert(code >= noturn && code < turncount);
     turnmode = code;
