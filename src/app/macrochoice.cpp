@@ -17,7 +17,8 @@ namespace {
 
 // State
 
-std::string labels[maxmacros]; // what the entries' texts point to
+std::string names[maxmacros];  // the names that the list shows
+std::string labels[maxmacros]; // as labels: what the entries' texts point to
 
 Fl_Menu_Item entry(const char* text, int number) {
     void* data = reinterpret_cast<void*>(static_cast<std::intptr_t>(number));
@@ -43,7 +44,10 @@ std::string plainlabel(const std::string& name) {
 void showmacros() {
     const int count = std::max(maccount, 1);
     for (int i = 0; i < count; ++i) {
-        labels[i] = plainlabel(macnames[i]);
+        if (names[i] != macnames[i]) {
+            names[i] = macnames[i];
+            labels[i] = plainlabel(names[i]);
+        }
         choices[i] = entry(labels[i].c_str(), i);
     }
     choices[count] = entry(nullptr, 0);

@@ -15,6 +15,7 @@ namespace {
 // Reads one line into text and cuts it at its newline. At the end of the file: false, and text
 // stays as it was.
 bool readline(char (&text)[macrolinesize], std::FILE* file) {
+    // Deliberate: NOT-BUGS.md, "A long line is several lines"
     if (std::fgets(text, macrolinesize, file) == nullptr) {
         return false;
     }
@@ -35,6 +36,7 @@ int loadmacrofile(const char* path) {
     while (room && readline(name, file)) {
         // Deliberate: NOT-BUGS.md, "A name without a string gets the string before it"
         readline(moves, file);
+        // Deliberate: NOT-BUGS.md, "Loading adds names that are there"
         room = addmacro(name, moves) != 0;
     }
     std::fclose(file);
@@ -43,6 +45,7 @@ int loadmacrofile(const char* path) {
 
 void printmacrodefs(std::FILE* file) {
     for (int i = 0; i < maccount; ++i) {
+        // Deliberate: NOT-BUGS.md, "A saved file has no marks"
         std::fprintf(file, "%s\n%s\n", macnames[i].c_str(), macstrs[i].c_str());
     }
 }

@@ -218,6 +218,7 @@ void addprefmacro(const char* name, const char* text) {
     changestore([=](Fl_Preferences& store) {
         int n = 0;
         while (hasmacro(store, n)) {
+            // Deliberate: NOT-BUGS.md, "Macros beyond the two hundredth are stored and not read"
             ++n;
         }
         store.set(key("mac", n).c_str(), name);
@@ -250,6 +251,7 @@ int deleteprefmacro(const char* name) {
 void addgizmomac(const char* name) {
     changestore([=](Fl_Preferences& store) {
         const int n = findnumber(store, name);
+        // Deliberate: NOT-BUGS.md, "Only a stored macro's mark is remembered"
         if (n >= 0) {
             store.set(key("gizmo", n).c_str(), 1);
         }
