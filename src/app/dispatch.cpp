@@ -68,7 +68,7 @@ void define() {
 
 void askspeed() {
     setspeed();
-    writeprefs(); // also when the question was cancelled
+    writeprefs(); // Deliberate: NOT-BUGS.md, "A cancelled speed is stored"
 }
 
 void jumble() {
