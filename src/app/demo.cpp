@@ -33,6 +33,7 @@ void choosemacro(char (&s)[demomacrosize]) {
     // back to a solved one.
     finishturn();
     initcubies();
+    // Deliberate: NOT-BUGS.md, "A demo leaves its macro in the line"
     std::string macro = macroline();
     if (macro.empty()) {
         displayorder = 0;
@@ -58,6 +59,7 @@ void toggledemo() {
     rundemo();
 }
 
+// Deliberate: NOT-BUGS.md, "A macro without a turn keeps the processor busy"
 void rundemo() {
     static char s[demomacrosize] = "";
     if (demorunning == 0) {

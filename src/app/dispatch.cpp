@@ -170,6 +170,7 @@ void b_cb(Fl_Widget*, long cmd) {
     }
     if (cmd >= 0 && cmd < turncount) {
         const int code = static_cast<int>(cmd);
+        // Deliberate: NOT-BUGS.md, "A turn button during the demo changes the cube for good"
         startturn(Fl::event_state(FL_SHIFT) != 0 ? inversemove[code] : code);
         return;
     }

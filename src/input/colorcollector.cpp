@@ -141,7 +141,10 @@ int color_gizmo::handle(int event) {
     switch (event) {
     case FL_FOCUS:
     case FL_UNFOCUS: return 1;
-    case FL_KEYDOWN: handlekeystroke(Fl::event_key()); return 1;
+    case FL_KEYDOWN:
+        // Deliberate: NOT-BUGS.md, "Escape does not leave the collector"
+        handlekeystroke(Fl::event_key());
+        return 1;
     default: return Fl_Window::handle(event);
     }
 }

@@ -114,6 +114,7 @@ void flip(int place);
 // 1 if the colours, taken as they stand, are those of a cube that can be solved; else 0. text
 // becomes the verdict to show. A legal cube that is held in another way than the colours of the
 // solved cube are listed may be rejected here: only finish() looks at the centres.
+// Deliberate: NOT-BUGS.md, "The verdict does not know how the cube is held"
 int judge(std::string& text);
 
 // The check that closes the dialog, relative to the centres. 1: the cube is legal and unchanged.
