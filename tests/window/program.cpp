@@ -211,18 +211,22 @@ void program::choose(const std::string& entry) const {
     const windowid menu = openmenu(entry);
     const rectangle m = screen.place(menu);
     const int y = m.y + m.h * (2 * where.row + 1) / (2 * where.rows);
-    screen.movemouse(m.x + m.w / 2, y);
-    // Several motions may be taken for one, later than the release: only a marked row is chosen.
     const rgb background = part(menubarplace).commonest();
-    const bool marked = waitfor(patience, [&] {
-        return screen.screenshot({m.x + 4, y - 4, m.w - 8, 8}).commonest() != background;
-    });
+    const auto unmarked = [&] {
+        return screen.screenshot({m.x + 4, y - 4, m.w - 8, 8}).commonest() == background;
+    };
+    // The toolkit takes several motions for one and may see it after the release. Only a row that
+    // is marked, in a menu that is painted, is certain to be chosen.
+    bool marked = waitfor(patience, unmarked);
+    screen.movemouse(m.x + m.w / 2, y);
+    marked = marked && waitfor(patience, [&] { return !unmarked(); });
     screen.button(1, false);
     if (!marked) {
         throw std::runtime_error("no menu row is marked; see " + keeppicture("no-menu-row"));
     }
-    screen.movemouse(screenwidth - 1, screenheight - 1);
+    // A motion that comes together with the release would take the choice back.
     waitfor(patience, [this, menu] { return !screen.visible(menu); });
+    screen.movemouse(screenwidth - 1, screenheight - 1);
 }
 
 void program::clickpixel(int x, int y, int modifiers, int number) const {
