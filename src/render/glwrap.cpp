@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "render/glwrap.h"
 
-#include <FL/gl.h>
+#include <GL/gl.h>
 
 void Color3f(float r, float g, float b) {
     glColor3f(r, g, b);
