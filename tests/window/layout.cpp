@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "window/layout.h"
 
+#include <algorithm>
 #include <stdexcept>
+#include <string_view>
 #include <vector>
 
 const button_place buttonplaces[buttoncount] = {
@@ -55,15 +57,19 @@ const rectangle headingplaces[headingcount] = {
 
 namespace {
 
-const std::vector<std::vector<const char*>> menus = {
-    {"Reset Cube",       "Load Macro File", "Dump Macro File", "Display Permutation", "Print EPS File",
-     "Quit"},
-    {"Undo", "Input Cube", "Long Solve", "Very Long Solve"},
-    {"Show Macro Gizmo",  "Show Rear Cube", "Set Cube Speed", "Set Cube Colors"},
-    {"Define Macro",                  "Apply Macro", "Delete Macro", "Delete All Macros", "Add Macro to Gizmo",
-     "Delete Macro from Gizmo", "Clear Macro Gizmo"},
-    {"About Vexel"     },
+// The menus from left to right, the rows of each from top to bottom.
+const std::vector<std::string_view> menus = {
+    "Reset Cube|Load Macro File|Dump Macro File|Display Permutation|Print EPS File|Quit|",
+    "Undo|Input Cube|Long Solve|Very Long Solve|",
+    "Show Macro Gizmo|Show Rear Cube|Set Cube Speed|Set Cube Colors|",
+    "Define Macro|Apply Macro|Delete Macro|Delete All Macros|Add Macro to Gizmo|"
+    "Delete Macro from Gizmo|Clear Macro Gizmo|",
+    "About Vexel|",
 };
+
+int bars(std::string_view text) {
+    return static_cast<int>(std::count(text.begin(), text.end(), '|'));
+}
 
 } // namespace
 
@@ -78,11 +84,10 @@ const button_place& findbutton(const std::string& label) {
 
 menu_place findmenu(const std::string& entry) {
     for (std::size_t menu = 0; menu < menus.size(); ++menu) {
-        for (std::size_t row = 0; row < menus[menu].size(); ++row) {
-            if (entry == menus[menu][row]) {
-                return {static_cast<int>(menu), static_cast<int>(row),
-                        static_cast<int>(menus[menu].size())};
-            }
+        const std::string whole = "|" + std::string(menus[menu]);
+        const std::size_t at = whole.find("|" + entry + "|");
+        if (at != std::string::npos) {
+            return {static_cast<int>(menu), bars(whole.substr(0, at)), bars(menus[menu])};
         }
     }
     throw std::runtime_error("no menu entry " + entry);
