@@ -190,7 +190,7 @@ std::string facecycle(int p, bool* done, int& length) {
     std::string names;
     for (length = 0; !done[p]; length++) {
         done[p] = true;
-        names = std::string(facenames[p]) + " " + names;
+        names.insert(0, std::string(facenames[p]) + " ");
         p = cubefaces[p];
     }
     names.back() = ')';
