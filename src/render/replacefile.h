@@ -5,9 +5,9 @@
 // Purpose   what a person stored must survive a full disk. The new content goes into a file of its
 //           own in the same folder, is brought to the disk and takes the old one's name only then.
 // State     none.
-// Links     a symbolic link to a file stays one: the file is replaced. Other hard links to that file
-//           keep the old content.
-// Callers   macrofile, preferences.
+// Links     a symbolic link to a file stays one: the file is replaced. Other hard links to that
+//           file keep the old content.
+// Callers   macrofile, preferences, eps.
 #pragma once
 
 #include <cstdio>

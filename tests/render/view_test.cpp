@@ -122,6 +122,14 @@ TEST_F(View, CornersOfTheCubeAreSeenWhereTheTwinSeesThem) {
     }
 }
 
+TEST_F(View, StandardViewIsTheStillViewToTheLastDigit) {
+    setupeye(viewsize, viewsize);
+    setupcube();
+    float m[4][4];
+    standardview(m);
+    EXPECT_TRUE(std::equal(currentmatrix, currentmatrix + 16, &m[0][0]));
+}
+
 // The matrix that the demo should have after it has turned by x and y degrees.
 void spunmatrix(float x, float y, float* m) {
     LoadIdentity();

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+//
+// eps: the faces F, U and L of the cube as an Encapsulated PostScript file.
+//
+// Purpose   the picture that one can print: always from the standard viewpoint, whatever the view
+//           does (a turn, the demo spin, the rear view), and in fixed colours. Nothing is sorted,
+//           since the three faces do not overlap.
+// State     private: the matrix, the open file, the number of the next square.
+// Units     device coordinates -1..1 in the file; its header maps them to points, (0, 0) to
+//           (187, 221) and 1 to 233 points, inside a box of 400 x 400. Six decimals.
+// Callers   the command "Print EPS File".
+// Order     none; works before the first frame was drawn, and without a display.
+//
+// The file: 198 lines, "\n" at their ends.
+//    8  header: comments, line width 0.01, round joins, translate, scale
+//    7  for each of the 27 squares: three corners, a colour that the next line overrides, the
+//       colour, the fourth corner and the fill, the black outline. The squares of F come first,
+//       then U, then L.
+//    1  showpage
+//
+// The colours are the colour indices' own: white, green, red, blue, orange, yellow for 0..5. The
+// colour table (colors.h) is the screen's alone.
+#pragma once
+
+// Asks for a file and writes the picture. Cancelling ends it without a word. A file that cannot be
+// opened or written in full is told as "Couldn't open %s for writing."; then nothing stands under
+// its name that did not stand there before (replacefile.h).
+void printeps();
+
+// mode other than 0: keeps the matrix m, in OpenGL's order (column, then row), for all pictures to
+// come, unless one is kept already. mode 0: asks for a file and writes the picture with the matrix
+// kept; m is not used and may be null.
+void EPSdump(int mode, const float m[4][4]);
