@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: MIT
+//
+// The solver against the plain twin, on fixed cubes, in one run: tables, random cubes at the three
+// depths, cubes of the subgroup. A ratio is the twin's time over ours. The sum of the nodes of the
+// fixed list is the signature of the search: a commit that changes it quotes it.
+//
+// VEXEL_BENCH_LONG=1 adds depth 16 and more cubes of the subgroup, some ten minutes of the twin's.
+#include "solver/samples.h"
+#include "solver/search.h"
+#include "solver/solver.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+namespace {
+
+using cubes = std::vector<plain::cube>;
+
+double seconds(const auto& work) {
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+cubes made(int count, plain::cube (*make)(std::mt19937&)) {
+    std::mt19937 random(1980);
+    cubes list;
+    for (int i = 0; i < count; i++)
+        list.push_back(make(random));
+    return list;
+}
+
+void tables() {
+    const double plainly = seconds(plain::build);
+    std::vector<double> steps;
+    for (int done = 0; !done;)
+        steps.push_back(seconds([&] { done = initializesolve(); }));
+    double ours = 0;
+    for (std::size_t i = 0; i < steps.size(); i++) {
+        std::printf("  step %-2zu %8.1f ms\n", i, 1000 * steps[i]);
+        ours += steps[i];
+    }
+    std::printf("tables            plain %8.3f s  ours %8.3f s  ratio %6.2f\n", plainly, ours,
+                plainly / ours);
+}
+
+long long compare(const char* name, int depth, const cubes& list) {
+    double plainly = 0, ours = 0, slowest = 0;
+    long long nodes = 0;
+    bool same = true;
+    setsearchdepth(depth);
+    for (const plain::cube& c : list) {
+        std::string expected, found;
+        const std::string text = plain::listing(c);
+        const double time = seconds([&] { found = my_user_enters_cube(text.c_str()); });
+        plainly += seconds([&] { expected = plain::solve(c, depth); });
+        ours += time;
+        slowest = std::max(slowest, time);
+        nodes += a_node_count + b_node_count;
+        same = same && found == expected;
+    }
+    std::printf("%-9s %2d x %3zu plain %8.3f s  ours %8.3f s  ratio %6.2f  slowest %7.3f s  "
+                "nodes %lld%s\n",
+                name, depth, list.size(), plainly, ours, plainly / ours, slowest, nodes,
+                same ? "" : "  ANSWERS DIFFER");
+    std::fflush(stdout);
+    return nodes;
+}
+
+// Ours alone: the slowest of many.
+void slowest_of(const char* name, const cubes& list) {
+    std::vector<double> times;
+    setsearchdepth(14);
+    for (const plain::cube& c : list) {
+        const std::string text = plain::listing(c);
+        times.push_back(seconds([&] { my_user_enters_cube(text.c_str()); }));
+    }
+    std::sort(times.begin(), times.end());
+    std::printf("%-9s 14 x %3zu median %8.3f s  slowest %8.3f s\n", name, list.size(),
+                times[times.size() / 2], times.back());
+}
+
+} // namespace
+
+int main() {
+    const bool longer = std::getenv("VEXEL_BENCH_LONG") != nullptr;
+    tables();
+    long long nodes = compare("random", 14, made(20, randomcube));
+    nodes += compare("random", 15, made(5, randomcube));
+    nodes += compare("subgroup", 14, made(longer ? 10 : 2, randomsubcube));
+    if (longer)
+        nodes += compare("random", 16, made(5, randomcube));
+    std::printf("Nodes: %lld\n", nodes);
+    if (longer) {
+        slowest_of("random", made(1000, randomcube));
+        slowest_of("subgroup", made(100, randomsubcube));
+    }
+}
