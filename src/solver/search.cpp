@@ -183,7 +183,8 @@ void solve_cube(cube_struc& cube) {
         return;
     a_node_count = 0;
     b_node_count = 0;
-    // 3. Depth by depth.
+    // 3. Depth by depth. A solvedepth below the first one is passed over.
+    // Deliberate: NOT-BUGS.md, "A depth below the least one"
     for (int depth = lower;; depth++) {
         repay_near1(depth);
         stage2_allotment = shortest_solution - depth - increment;
