@@ -23,7 +23,7 @@ namespace {
 std::function<void()> pendinganswer;
 
 void answerbox(void*) {
-    if (screen().windows().size() < 2) {
+    if (Fl::modal() == nullptr || Fl::modal()->shown() == 0) {
         Fl::repeat_timeout(0.01, answerbox);
         return;
     }
