@@ -18,6 +18,7 @@
 #include "model/turns.h"
 #include "model/undo.h"
 #include "render/animation.h"
+#include "render/eps.h"
 #include "render/view.h"
 
 #include <FL/Fl.H>
@@ -159,6 +160,7 @@ constexpr command_row command_table[] = {
     {126, runs,     deletemacfromgizmo}, // Delete Macro from Gizmo
     {127, runs,     clearmacrogizmo   }, // Clear Macro Gizmo
     {128, runs,     dumpmacfile       }, // Dump Macro File
+    {129, runs,     printeps          }, // Print EPS File
 };
 
 } // namespace
