@@ -36,14 +36,13 @@ void choosemacro(char (&s)[demomacrosize]) {
     // Deliberate: NOT-BUGS.md, "A demo leaves its macro in the line"
     std::string macro = macroline();
     if (macro.empty()) {
-        displayorder = 0;
+        displayorder = 0; // each macro that is tried has its order reckoned, and told
         ownrandom();
         macro = makeupmacro();
         otherrandom();
         displayorder = 1;
     }
-    macro.resize(static_cast<unsigned>(demolength(macro)));
-    std::strcpy(s, macro.c_str());
+    s[macro.copy(s, static_cast<unsigned>(demolength(macro)))] = '\0';
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <cstring>
 
+// Rows in no particular order, both directions of each face.
 constexpr char badpair[badpaircount][3] = {"lL", "Ll", "Rr", "rR", "uU", "Uu",
                                            "Dd", "dD", "fF", "Ff", "bB", "Bb"};
 
@@ -38,31 +39,34 @@ bool isbadpair(char a, char b) {
     return false;
 }
 
+// The turn is left out if it would undo the one before it; the letter of a slice counts as a turn.
 void appendfaceturn(std::string& text, char letter) {
     if (!isbadpair(text.back(), letter)) {
         text += letter;
     }
 }
 
+// The order of the draws is part of the sequence: number of rounds, first turn, rounds, last turn.
 made_up drawmacro() {
     made_up macro = {"", std::rand() % 6 + 7};
     macro.text += movelist[std::rand() % 6];
     for (int i = 0; i < macro.rounds; i++) {
         const int r = std::rand() % 18;
         const char letter = movelist[r % 6];
-        if (r < 6) {
+        if (r < 6) { // a third of the draws each: inverse turn, turn, slice with a turn behind it
             appendfaceturn(macro.text, flipcase(letter));
         } else if (r < 12) {
             appendfaceturn(macro.text, letter);
         } else {
             macro.text += {'*', letter, movelist[(r + 3) % 6]};
-            macro.rounds++;
+            macro.rounds++; // so that slices do not use up the rounds
         }
     }
     macro.text += movelist[std::rand() % 6];
     return macro;
 }
 
+// What has a meaning only together with what follows it.
 bool isnumberorgroupstart(char c) {
     return (c >= '0' && c <= '9') || c == 's' || c == '(';
 }
@@ -70,7 +74,7 @@ bool isnumberorgroupstart(char c) {
 } // namespace
 
 std::string makeupmacro() {
-    for (;;) {
+    for (;;) { // about fifteen tries on average
         initcubies();
         const made_up macro = drawmacro();
         const int cycle = calcorder(macro.text.c_str()) * (macro.rounds + 2);
@@ -93,7 +97,7 @@ int demolength(const std::string& text) {
         const char c = text[static_cast<unsigned>(last)];
         const bool pair = c == '*' || c == '>';
         if (pair && last + 2 > room) {
-            break;
+            break; // half a pair is no turn
         }
         last += pair ? 2 : 1;
         level += c == '(' ? 1 : 0;

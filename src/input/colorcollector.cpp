@@ -48,6 +48,7 @@ void paintfacelet(int place) {
     paint(buts[place], flcubecolors[cubecolors[place]]);
 }
 
+// Paints all buttons anew: the colour letters may have been changed since the last time.
 void setcolors() {
     init();
     for (int place = 0; place < placecount; place++) {
@@ -67,7 +68,7 @@ void isvalidcube() {
     std::string text;
     sanecube = judge(text);
     if (sanecube == 0) {
-        message->wrap(1);
+        message->wrap(1); // for good: the short text is not changed by it
     }
     showmessage(text);
 }
@@ -85,7 +86,7 @@ void highlightbutton(int i) {
     highlighted = i;
 }
 
-// Callbacks
+// Callbacks. Mouse and keyboard end in the same ones; none of them refuses a colouring.
 
 void selectcubie(Fl_Widget*, long place) {
     currentface = static_cast<int>(place);
@@ -102,14 +103,14 @@ void color_cb(Fl_Widget*, long face) {
 
 void flip_cb(Fl_Widget*, void*) {
     flip(currentface);
-    setcolors();
+    setcolors(); // up to three buttons have changed; which, only flip() knows
     isvalidcube();
 }
 
 void closecollector(Fl_Widget*, void*) {
     sanecube = finish();
     if (sanecube != 0) {
-        needsredraw = 1;
+        needsredraw = 1; // the view has not followed the entries
         gizmo->hide();
         return;
     }
@@ -139,6 +140,7 @@ void handlekeystroke(int key) {
 
 int color_gizmo::handle(int event) {
     switch (event) {
+    // The window itself holds the keyboard, which others pass on to a widget inside.
     case FL_FOCUS:
     case FL_UNFOCUS: return 1;
     case FL_KEYDOWN:
@@ -149,7 +151,7 @@ int color_gizmo::handle(int event) {
     }
 }
 
-// Building
+// Building. The net and the colour buttons lie where coloring.h says; all other places are here.
 
 Fl_Button* makebutton(spot where, int w, const char* label) {
     auto* button = new Fl_Button(where.x, where.y, w, buttonsize, label);
@@ -187,9 +189,9 @@ void makegizmo() {
     maketext(35, colorhelp);
     maketext(285, selecthelp);
     message = new Fl_Multiline_Output(10, 285, 115, 115);
-    message->clear_visible_focus();
+    message->clear_visible_focus(); // it would beep at backspace and keep it
     gizmo->end();
-    gizmo->callback(closecollector);
+    gizmo->callback(closecollector); // of the window manager's button
     gizmo->set_modal();
 }
 
@@ -201,6 +203,6 @@ void colorcollector() {
     }
     setcolors();
     gizmo->show();
-    currentface = 0;
+    currentface = 0; // also after an earlier use
     highlightbutton(currentface);
 }

@@ -34,6 +34,7 @@ constexpr bool bandisregular() {
 
 static_assert(bandisregular());
 
+// A letter that is not there ends the compilation.
 constexpr int position(char letter) {
     int i = 0;
     while (validcolors[i] != letter) {
@@ -127,6 +128,7 @@ unsigned rgb(double r, double g, double b) {
     if (r == 0 && g == 0 && b == 0) {
         return namedblack;
     }
+    // Not rounded: half of 255 is 127.
     const auto byte = [](double fraction) { return static_cast<unsigned>(fraction * 255); };
     return byte(r) << 24 | byte(g) << 16 | byte(b) << 8;
 }
@@ -141,12 +143,13 @@ void setrgbfacecolors() {
 void init() {
     for (int face = 0; face < cubefacecount; face++) {
         const letter_row* row = findletter(colortable[face]);
-        const bool known = row != nullptr;
+        const bool known = row != nullptr; // false only for a preferences file edited by hand
         facenames[face][0] = known ? row->letter : '?';
         flcubecolors[face] = known ? allcolors[row - letter_table] : rgb(0.5, 0.5, 0.5);
     }
 }
 
+// The other letters are bright enough for black.
 bool whitelabel(unsigned color) {
     return color == allcolors[position('K')] || color == allcolors[position('B')];
 }
@@ -155,11 +158,13 @@ void selectnext() {
     currentface = (currentface + 1) % placecount;
 }
 
+// One less than 0 would be negative, hence the whole round.
 void selectprevious() {
     currentface = (currentface + placecount - 1) % placecount;
 }
 
 int colorofkey(int key) {
+    // Keys beyond a byte, such as BackSpace, have no case and match no letter.
     const int upper = key >= 'a' && key <= 'z' ? key - 'a' + 'A' : key;
     for (int face = 0; face < cubefacecount; face++) {
         if (upper == facenames[face][0]) {
@@ -189,12 +194,14 @@ void flip(int place) {
 }
 
 int judge(std::string& text) {
+    // With every entry, so without the normalising, which would recolour half-entered cubes.
     const int sane = sanitycheckcube(dumpcube());
     text = sane != 0 ? "Valid Cube!" : "Invalid Cube:\n" + std::string(geterrorstring());
     return sane;
 }
 
 int finish() {
+    // The check reads colours as faces, which is right only with each centre at home.
     muckcube();
     const int sane = sanitycheckcube(dumpcube());
     if (sane != 0) {

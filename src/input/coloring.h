@@ -72,7 +72,7 @@ struct spot {
 
 constexpr unsigned namedblack = 56;
 
-// The display colour of three fractions 0..1, each cut down to a 255th. Pure black is the named one.
+// The display colour of three fractions 0..1, each cut down to a 255th; pure black is namedblack.
 [[nodiscard]] unsigned rgb(double r, double g, double b);
 
 extern unsigned allcolors[validcolorcount]; // by letter of validcolors; 0 before setrgbfacecolors
