@@ -2,6 +2,7 @@
 #include "solver/pruning.h"
 
 #include <algorithm>
+#include <cstring>
 #include <vector>
 
 namespace {
@@ -16,8 +17,8 @@ std::vector<int> needed_twists(const int* lengths, const int* const* faces, int 
     return needed;
 }
 
-// The layered fill of a pair table, with one layer walked from at a time instead of all states
-// looked at for each. Row by row, so that what a twist writes to lies in one row.
+// The layered fill of a pair table. A layer is walked from once, row by row, so that what a twist
+// writes to lies in one row; the last layers, which most states belong to, are walked back from.
 template <typename entry, typename row_entry, typename column_entry> class layered_fill {
   public:
     layered_fill(entry* cells, int row_count, int column_count, const int* twist_lengths,
@@ -39,8 +40,11 @@ template <typename entry, typename row_entry, typename column_entry> class layer
         left = rows * columns - 1;
         for (int d = 1, idle = 0; idle < maxlen && left > 0; d++) {
             const int before = left;
-            for (int length = 1; length <= maxlen && length <= d; length++)
-                walk_from(d - length, length);
+            if (left > rows * columns / 2)
+                for (int length = 1; length <= maxlen && length <= d; length++)
+                    walk_from(d - length, length);
+            else
+                walk_back(d);
             idle = left == before ? idle + 1 : 0;
         }
     }
@@ -51,6 +55,8 @@ template <typename entry, typename row_entry, typename column_entry> class layer
         const auto reached = static_cast<entry>(layer + length);
         for (int row = 0; row < rows; row++) {
             const entry* const cells = table + row * columns;
+            if (sizeof(entry) == 1 && std::memchr(cells, layer, frontier.size()) == nullptr)
+                continue;
             int found = 0;
             for (int column = 0; column < columns; column++) {
                 frontier[static_cast<std::size_t>(found)] = column;
@@ -60,6 +66,26 @@ template <typename entry, typename row_entry, typename column_entry> class layer
                 if (found > 0 && lengths[t] == length)
                     write(table + row_moves[t][row] * columns, column_moves[t], found, reached);
         }
+    }
+
+    // When few are left it is quicker to ask each of them for a neighbour in the right layer. The
+    // twists' inverses are among the twists.
+    void walk_back(int d) {
+        for (int row = 0; row < rows; row++)
+            for (int column = 0; column < columns; column++) {
+                entry& cell = table[row * columns + column];
+                if (cell == unreached && has_neighbour(row, column, d)) {
+                    cell = static_cast<entry>(d);
+                    left--;
+                }
+            }
+    }
+
+    bool has_neighbour(int row, int column, int d) const {
+        for (const int t : twists)
+            if (table[row_moves[t][row] * columns + column_moves[t][column]] == d - lengths[t])
+                return true;
+        return false;
     }
 
     void write(entry* to, const column_entry* moves, int found, entry reached) {
