@@ -22,6 +22,7 @@ float stack[stacklimit][16];
 
 constexpr float identity[16] = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
 
+// From the right, like OpenGL: what is multiplied last is applied to a point first.
 void multiply(const float* right) {
     float product[16];
     for (int column = 0; column < 4; column++) {
@@ -46,6 +47,7 @@ void initnullgl() {
     std::fill(viewport, viewport + 4, 0);
 }
 
+// A point is inside a convex polygon if it lies on the same side of all edges, whichever way round.
 const painted* paintedat(double x, double y) {
     for (int i = paintedcount - 1; i >= 0; i--) {
         const painted& p = paintedlist[i];
@@ -94,6 +96,7 @@ void PopMatrix() {
 
 void GetMatrix(float[4][4]) {}
 
+// About any axis; OpenGL makes it a unit vector, too.
 void Rotatef(float angle, float x, float y, float z) {
     const float length = std::sqrt(x * x + y * y + z * z);
     x /= length;
@@ -149,6 +152,7 @@ void readmatrix(float* m) {
     std::copy(currentmatrix, currentmatrix + 16, m);
 }
 
+// OpenGL transforms the corners, so that a matrix left over from the cube would show.
 void polygon(const float corners[4][3]) {
     assert(paintedcount < paintedlimit);
     painted& p = paintedlist[paintedcount];

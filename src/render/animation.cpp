@@ -16,6 +16,8 @@ constinit int drawingmain = 1;
 
 namespace {
 
+// Tables
+
 using enum cubie;
 
 // The cubies that stay and the cubies that move, for each layer. The orders are the order of
@@ -34,6 +36,7 @@ constexpr cubie f_moving[] = {F, UFL, UFR, DFR, DFL, UF, LF, RF, DF};
 constexpr cubie b_still[]  = {F, U, D, R, L, UFL, UFR, DFR, DFL, UF, UR, UL, RF, LF, DF, DR, DL};
 constexpr cubie b_moving[] = {B, UBL, UBR, DBL, DBR, UB, RB, LB, DB};
 
+// The middle slices. *L and *R move the same cubies, but list the rest in different orders.
 constexpr cubie fb_still[] = {F, B, UFL, UBL, DFL, DBL, UF, UB, LF, LB, DF, DB,
                               UFR, UBR, DFR, DBR, RF, RB};
 constexpr cubie fb_moving[] = {U, D, L, R, UL, DL, UR, DR};
@@ -46,6 +49,7 @@ constexpr cubie ud_still[] = {U, D, UFL, UBL, DFL, DBL, UL, UR, DL, DR, UF, DF,
                               UB, DB, UFR, UBR, DFR, DBR};
 constexpr cubie ud_moving[] = {L, R, F, B, LF, LB, RF, RB};
 
+// The still cube and the cube that turns as a whole.
 constexpr cubie all[] = {U, D, UFL, UBL, DFL, DBL, UL, UR, DL, DR, UF, DF, UB,
                          DB, UFR, UBR, DFR, DBR, L, R, F, B, LF, LB, RF, RB};
 
@@ -84,6 +88,7 @@ constexpr layer_row layer_table[layercount] = {
     {ud_still, ud_moving, +1, y_axis}, // 17 *D
 };
 
+// A turn of the whole cube leaves nothing behind, so that it needs no lists.
 struct whole_row {
     int code; // turn code
     int sign;
@@ -119,6 +124,7 @@ constexpr bool complete(std::span<const cubie> still, std::span<const cubie> mov
     return true;
 }
 
+// A layer and its inverse are also drawn alike, but for the sign.
 constexpr bool layerscomplete() {
     for (int code = 0; code < layercount; code++) {
         const layer_row& row = layer_table[code];
@@ -134,17 +140,22 @@ constexpr bool layerscomplete() {
 static_assert(layerscomplete());
 static_assert(complete(all, {}));
 
+// One frame
+
 void drawcubies(std::span<const cubie> list) {
     for (const cubie c : list) {
         drawcubie(c);
     }
 }
 
+// The angle grows with the frames and stops short of 90 degrees: after the frame t = T - 1 the turn
+// is a part of the cube, and the next frame draws the cube still.
 void rotateabout(axis about, int sign) {
     const float angle = 90.0F * static_cast<float>(sign * ttime) / static_cast<float>(TURNTIME);
     Rotatef(angle, about == x_axis ? 1 : 0, about == y_axis ? 1 : 0, about == z_axis ? 1 : 0);
 }
 
+// Only the main view hands a turn on, or a frame with a rear view would turn the cube twice.
 void handon(int code) {
     if (ttime == TURNTIME - 1 && drawingmain == 1) {
         const char* notation = turn_table[code].notation;
@@ -152,6 +163,7 @@ void handon(int code) {
     }
 }
 
+// Squares are projected when they are emitted: the still ones need the matrix from before the turn.
 void drawlayer(int code) {
     const layer_row& row = layer_table[code];
     getmatrix();
@@ -175,6 +187,8 @@ void drawbyturn() {
     }
 }
 
+// A fifth of the size, in the upper right corner, seen from behind, so that R, B and D show. The
+// places are chosen for the viewpoint of view.h.
 void drawrear() {
     drawingmain = 0;
     // Deliberate: NOT-BUGS.md, "The rear view runs ahead on the last frame"
@@ -207,6 +221,8 @@ void drawcubegeneric() {
     getmatrix();
     drawcubies(all);
 }
+
+// ORDER TURN
 
 void drawUcw() {
     drawlayer(0);

@@ -27,6 +27,7 @@ constexpr letter_row letter_table[validcolorcount] = {
 
 namespace {
 
+// The table is indexed like the letters that a user may choose.
 constexpr bool rowsfollowvalidcolors() {
     for (int i = 0; i < validcolorcount; i++) {
         if (letter_table[i].letter != validcolors[i]) {

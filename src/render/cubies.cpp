@@ -53,6 +53,7 @@ constexpr float cellsize = 2;
 constexpr float border = 0.08F; // black on each side of a sticker
 constexpr float lift = 0.005F;  // of the sticker off its plane, outwards
 
+// Proof of the table: all 54 places and two black squares for each edge.
 constexpr bool eachplaceonce() {
     bool seen[54] = {};
     int black = 0;
@@ -84,6 +85,7 @@ struct square {
     float a0, a1, b0, b1; // from and to along the two axes of the plane, in the order x, y, z
 };
 
+// The black square that fills the cell with its lowest corner at (a, b) in the plane.
 square backing(int plane, int a, int b) {
     const float p = static_cast<float>(plane);
     const float a0 = static_cast<float>(a);
@@ -91,11 +93,13 @@ square backing(int plane, int a, int b) {
     return {p, a0, a0 + cellsize, b0, b0 + cellsize};
 }
 
+// Lifted towards the outside of the cube: away from the origin, on whichever side the plane lies.
 square sticker(const square& s) {
     return {s.plane + (s.plane < 0 ? -lift : lift), s.a0 + border, s.a1 - border, s.b0 + border,
             s.b1 - border};
 }
 
+// Each goes round its square from the lowest corner on. addz starts along y, as addx does.
 void addx(int key, const square& s) {
     const float corners[4][3] = {
         {s.plane, s.a0, s.b0},
@@ -154,6 +158,8 @@ void drawcubie(cubie c) {
         s.emit(s.x, s.y, s.z, s.key);
     }
 }
+
+// ORDER DRAWN
 
 void drawF() {
     drawcubie(cubie::F);

@@ -73,6 +73,7 @@ struct point {
     float x, y;
 };
 
+// As the screen projects (projection.h), but from the kept matrix, in row order.
 point projected(float x, float y, float z) {
     const float w = Mat[12] * x + Mat[13] * y + Mat[14] * z + Mat[15];
     return {(Mat[0] * x + Mat[1] * y + Mat[2] * z + Mat[3]) / w,
@@ -92,6 +93,7 @@ void PScolor(int index) {
     }
 }
 
+// The first colour is overridden by the next line; it stands for an index beyond the palette.
 void quadout(const float (&corner)[4][3]) {
     assert(facectr < squares);
     writepoint("newpath ", corner[0], "moveto");
@@ -105,6 +107,8 @@ void quadout(const float (&corner)[4][3]) {
     std::fputs("0 0 0 setrgbcolor stroke\n", fp);
 }
 
+// The full cells, without the border that the stickers have on the screen: the outline draws the
+// grid. Each function walks its face as the table of places does.
 constexpr float cells[3] = {-3, -1, 1}; // where the cells of a row begin
 
 void writefront() {
@@ -165,6 +169,7 @@ void writepicture(std::FILE* file) {
     fp = nullptr;
 }
 
+// OpenGL's order is column by column, the file's row by row.
 void keepmatrix(const float m[4][4]) {
     for (int row = 0; row < 4; row++) {
         for (int column = 0; column < 4; column++) {
@@ -173,6 +178,7 @@ void keepmatrix(const float m[4][4]) {
     }
 }
 
+// The name is copied: the toolkit owns it and may use its room for the next question.
 void askandwrite() {
     const char* name = askfile("EPS file name:", nullptr, nullptr);
     if (name == nullptr) {

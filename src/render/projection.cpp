@@ -14,7 +14,7 @@ constinit float glmat[16] = {};
 
 namespace {
 
-// State: the records themselves, in no order; facelist points at each of them once.
+// The records themselves, in no order; facelist points at each of them once.
 constinit listface records[facelimit] = {};
 
 // Shell's sort (D. L. Shell 1959) with the gaps of M. Ciura 2001. The library's qsort fetches heap
@@ -41,6 +41,7 @@ void initdrawface() {
     }
 }
 
+// Projected at once: the matrix of a turning layer is gone by the time the frame is painted.
 void addface(int key, const float corners[4][3]) {
     assert(facelistcount >= 0 && facelistcount < facelimit);
     listface* face = facelist[facelistcount];
@@ -54,6 +55,7 @@ void getmatrix() {
     readmatrix(glmat);
 }
 
+// No test of w: the cube lies between the near and the far plane in every view.
 void xformvect(float* p) {
     const float x = p[0];
     const float y = p[1];
@@ -81,6 +83,7 @@ void xform(listface* face) {
     }
 }
 
+// Written so that a depth that is not a number is neither larger nor smaller.
 int compdepth(const void* a, const void* b) {
     const float da = (*static_cast<listface* const*>(a))->depth;
     const float db = (*static_cast<listface* const*>(b))->depth;

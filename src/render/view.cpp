@@ -20,7 +20,7 @@ constexpr float eyedistance = 32;
 constexpr float tilt = 25; // degrees
 constexpr float enlargement = 1.5F;
 
-// The clicks
+// The clicks. Rectangles that lie roughly inside the three faces as they are seen.
 
 struct region_row {
     float left, right, bottom, top; // the bounds lie outside
@@ -34,9 +34,12 @@ constexpr region_row region_table[] = {
     {0.35F, 0.70F, 0.70F, 0.90F, 0, 16, 20, 3 }, // up     U *U >U d
 };
 
+// Both angles grow by a little less than a third and a little more than half of a turn's 90 degrees
+// while one turn is animated, so that the spin keeps step with the speed setting. They are added up
+// without bound: a float stands still long before it overflows.
 void spin() {
-    static float rx = 0; // degrees about x and y by which the demo has turned the picture
-    static float ry = 0;
+    static float rx = 0; // degrees by which the demo has turned the picture about x
+    static float ry = 0; // and y
     if (demomode == 0) {
         rx = 0;
         ry = 0;
@@ -70,6 +73,7 @@ void setupeye(int w, int h) {
     Translatef(0, 0, -eyedistance);
 }
 
+// The spin comes between tilt and scale: its axes are tilted with the cube.
 void setupcube() {
     Rotatef(tilt, 1, 0, 0);
     Rotatef(tilt, 0, 1, 0);
