@@ -132,6 +132,7 @@ struct command_row {
 };
 
 // A number without a row is free.
+// Deliberate: NOT-BUGS.md, "Fewer commands end a demo than one would think"
 constexpr command_row command_table[] = {
     {100, endsdemo, resetcube         }, // Reset Cube
     {101, endsdemo, order             }, // Macro Order
@@ -171,6 +172,7 @@ void b_cb(Fl_Widget*, long cmd) {
         return;
     }
     if (cmd >= 0 && cmd < turncount) {
+        // Deliberate: NOT-BUGS.md, "A turn takes the place of the one under way"
         const int code = static_cast<int>(cmd);
         // Deliberate: NOT-BUGS.md, "A turn button during the demo changes the cube for good"
         startturn(Fl::event_state(FL_SHIFT) != 0 ? inversemove[code] : code);

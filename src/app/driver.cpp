@@ -55,14 +55,15 @@ void makesureitlands() {
 }
 
 void endturn() {
-    ttime = -1;
+    ttime = -1; // Deliberate: NOT-BUGS.md, "The first turn is a pass shorter"
     startturn(noturn);
     needsredraw = 1;
 }
 
 void animationpass() {
     if (alt_q() != 0) {
-        ttime = TURNTIME - 1; // the turn ends in this pass, unfinished: it is taken back
+        // Deliberate: NOT-BUGS.md, "The interrupt takes the turn under way back"
+        ttime = TURNTIME - 1;
         clearqueue();
     } else {
         makesureitlands();

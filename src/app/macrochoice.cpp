@@ -55,6 +55,7 @@ void showmacros() {
     choice->value(0);
     choice->set_changed();
     choice->callback(choice_cb);
+    choice->when(FL_WHEN_RELEASE_ALWAYS); // the chosen macro may be chosen, and applied, again
     choice->redraw();
 }
 

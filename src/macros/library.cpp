@@ -177,7 +177,7 @@ void deletemacfromgizmo() {
     if (const std::optional<int> i = askmacro("Name of macro to delete gizmo")) {
         showmac[*i] = 0;
         deletegizmomac(macnames[*i].c_str());
-        // Deliberate: NOT-BUGS.md, "Taking the last mark away says "No macros in gizmo""
+        // Deliberate: NOT-BUGS.md, "Taking the last mark away is answered"
         macrodisplay(0, 0);
     }
 }
