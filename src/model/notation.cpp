@@ -64,26 +64,54 @@ bool isdecimal(char c) {
     return c >= '0' && c <= '9';
 }
 
-// Index of c among the six letters of order, or -1.
-int sixindex(const char* order, char c) {
-    const void* found = memchr(order, c, 6);
-    return found == nullptr ? -1 : static_cast<int>(static_cast<const char*>(found) - order);
-}
+// Turn codes by character; one that is no turn has noturn. Tables and not searches, for each
+// character of each text goes through them.
+struct code_table {
+    signed char code[UCHAR_MAX + 1];
+};
 
-// The turn code of a face letter of either case, or -1. ORDER TURN
-int facecode(char c) {
-    const int clockwise = sixindex(movelist, c);
-    if (clockwise >= 0) {
-        return 2 * clockwise;
+// step: how far apart the codes of neighbouring letters are.
+constexpr void enter(code_table& table, const char* letters, int first, int step) {
+    for (int i = 0; letters[i] != '\0'; i++) {
+        const unsigned char letter = static_cast<unsigned char>(letters[i]);
+        table.code[letter] = static_cast<signed char>(first + step * i);
     }
-    const int counter = sixindex("udlrfb", c);
-    return counter < 0 ? noturn : 2 * counter + 1;
 }
 
-// The turn code of a pair, or -1. ORDER TURN
+constexpr code_table emptytable() {
+    code_table table = {};
+    for (signed char& code : table.code) {
+        code = noturn;
+    }
+    return table;
+}
+
+// ORDER TURN: a string of letters is in the order of their codes.
+constexpr code_table facecodes = [] {
+    code_table table = emptytable();
+    enter(table, "UDLRFB", 0, 2);
+    enter(table, "udlrfb", 1, 2);
+    return table;
+}();
+constexpr code_table slicecodes = [] {
+    code_table table = emptytable();
+    enter(table, "FBLRUD", 12, 1);
+    return table;
+}();
+constexpr code_table cubecodes = [] {
+    code_table table = emptytable();
+    enter(table, "RLUDFB", 18, 1);
+    return table;
+}();
+
+// The turn code of a face letter of either case, or -1.
+int facecode(char c) {
+    return facecodes.code[static_cast<unsigned char>(c)];
+}
+
+// The turn code of a pair, or -1.
 int paircode(char kind, char c) {
-    const int index = sixindex(kind == '*' ? "FBLRUD" : "RLUDFB", c);
-    return index < 0 ? noturn : index + (kind == '*' ? 12 : 18);
+    return (kind == '*' ? slicecodes : cubecodes).code[static_cast<unsigned char>(c)];
 }
 
 // A count of many digits stops at the largest int: no macro can tell the difference in a lifetime.
