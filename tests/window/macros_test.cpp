@@ -297,7 +297,7 @@ TEST_F(Macros, ACancelledSpeedMakesTheStore) {
 }
 
 TEST_F(Macros, NamesAreShownLetterForLetter) {
-    for (const std::string name : {"R&B && @> 50% /x", "@-1+", "a@b@", "(\\\"'*)#"}) {
+    for (const std::string name : {"R&B && @> 50% /x_y", "@-1+", "a@b@", "(\\\"'*)#"}) {
         SCOPED_TRACE(name);
         write(file("names"), name + "\nR\n");
         start({file("names")});
