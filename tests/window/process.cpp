@@ -146,15 +146,17 @@ double process::cpuseconds() const {
 bool process::isquiet(double seconds) const {
     const auto waited = [this] { // seconds it was ready to run and did not get a core
         std::istringstream numbers(statusline("schedstat", ""));
-        double ran = 0;
-        double queued = 0;
-        numbers >> ran >> queued;
-        return queued * 1e-9;
+        double running_time = 0;
+        double queued_time = 0;
+        numbers >> running_time >> queued_time;
+        return queued_time * 1e-9;
     };
     const long switches = voluntaryswitches();
+    const double ran = cpuseconds();
     const double queued = waited();
     const double start = now();
     std::this_thread::sleep_for(std::chrono::duration<double>(seconds));
     const double took = now() - start;
-    return waited() - queued < 0.1 * took && voluntaryswitches() - switches < 60 * took + 3;
+    return waited() - queued < 0.1 * took && cpuseconds() - ran < 0.1 * took &&
+           voluntaryswitches() - switches < 60 * took + 3;
 }

@@ -61,8 +61,8 @@ class process {
     double cpuseconds() const;      // user and system, all threads
     long voluntaryswitches() const; // how often its main thread went to sleep of itself
 
-    // Whether it spends `seconds` doing nothing but waiting: hardly any sleeps and wakes, no turn
-    // to run missed because the machine was busy. A program in the middle of an animation wakes
+    // Whether it spends `seconds` doing nothing but waiting: hardly any work, sleeps and wakes, and
+    // no time in which it would have run on a machine less busy. A program in the middle of an animation wakes
     // hundreds of times a second, an idle one twice for each of its ten polls.
     bool isquiet(double seconds = 0.12) const;
 

@@ -313,7 +313,13 @@ verdict program::shows(const unsigned char* colors, bool rear) const {
 // With one frame a turn the picture changes only once the turn is over; else the last frames look
 // almost like the cube at rest.
 bool program::still() const {
-    return speed == 1 || running->isquiet();
+    return speed == 1 || rests(0.12);
+}
+
+// A quiet process alone is no proof: on a busy machine it may be waiting for the server.
+bool program::rests(double seconds) const {
+    const picture before = view_picture();
+    return running->isquiet(seconds) && view_picture() == before;
 }
 
 verdict program::waitforcube(const unsigned char* colors, double seconds, bool rear) const {
@@ -336,7 +342,7 @@ verdict program::waitforcube(const unsigned char* colors, double seconds, bool r
 }
 
 bool program::waitquiet(double seconds) const {
-    return waitfor(seconds, [this] { return running->isquiet(0.3); });
+    return waitfor(seconds, [this] { return rests(0.3); });
 }
 
 std::string program::keeppicture(const std::string& name) const {

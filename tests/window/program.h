@@ -132,6 +132,7 @@ class program {
     bool painted();
     bool findtitles();
     bool still() const;
+    bool rests(double seconds) const;
 
     xserver& screen;
     std::unique_ptr<scratchfolder> own_home;
