@@ -244,6 +244,7 @@ TEST_F(Demo, EveryOtherMenuEntryWorksDuringIt) {
         {"Load Macro File",         true },
         {"Dump Macro File",         true },
         {"Display Permutation",     true },
+        {"Print EPS File",          true },
         {"Input Cube",              true },
         {"Long Solve",              false},
         {"Very Long Solve",         false},
