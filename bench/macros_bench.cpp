@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The macros: what a file of 500 pairs costs to load, with the list on the screen made anew for each
+// The macros: what a file of 500 pairs costs to load, the list on the screen made anew for each
 // (less than 20 ms), and what stored macros cost at start-up (200 of them less than 50 ms).
 #include "app/mainwindow.h"
 #include "macros/library.h"

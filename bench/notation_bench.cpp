@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The notation: what a text of any size costs to check, count and parse, and what a full queue costs.
-// The first ones must fit N with a small error; a full queue must take less than 20 us.
+// The notation: what a text of any size costs to check, count and parse, and what a full queue
+// does. The first ones must fit N with a small error; a full queue must take less than 20 us.
 #include "model/cube.h"
 #include "model/notation.h"
 #include "model/turns.h"

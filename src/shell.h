@@ -6,7 +6,7 @@
 // Callers   src/model, src/render, src/macros, src/input and the command-line tools' own code.
 // Defined   in src/app/shell.cpp over the toolkit; in tests/nullshell.cpp as a recorder; in
 //           src/tools/noshell.cpp for programs without a window. Chosen when the program is linked.
-// Texts     are shown letter for letter: "%", "&" and "@" mean nothing. A null text is an empty one.
+// Texts     are shown letter for letter: "%", "&" and "@" mean nothing. A null text is empty.
 #pragma once
 
 class Fl_Widget;

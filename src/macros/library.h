@@ -2,15 +2,15 @@
 //
 // library: the table of named macros, and the commands that add to it, prune it and mark it.
 //
-// State     maccount, macnames, macstrs, showmac: row i of each belongs to macro i, 0..maccount - 1,
-//           in the order of adding: the built-in macros, those of the preferences, those of files
-//           and of the user. Rows from maccount on hold empty texts.
+// State     maccount, macnames, macstrs, showmac: row i of each is that of macro i, 0..maccount -
+//           1, in the order of adding: the built-in macros, those of the preferences, those of
+//           files and of the user. Rows from maccount on hold empty texts.
 // Texts     any bytes but NUL, any length. A name may be empty and may stand in the table more than
 //           once: whoever looks for a name finds its first macro. A move string is not checked
 //           before it is applied.
 // Window    the list of macros and the gizmo panel follow the table through the seam (shell.h).
-// Callers   mainwindow (built-in macros), macrofile, preferences, the commands of dispatch, the list
-//           and the panel.
+// Callers   mainwindow (built-in macros), macrofile, preferences, the commands of dispatch, the
+//           list and the panel.
 // Order     nothing to set up: the table is empty.
 #pragma once
 

@@ -2,8 +2,9 @@
 //
 // macrofile: reads and writes files of named macros.
 //
-// Format    pairs of lines: a name, then a move string (model/notation.h). A string that begins with
-//           "$" is marked for the gizmo panel; the "$" is no part of it. doc/formats.md has it all.
+// Format    pairs of lines: a name, then a move string (model/notation.h). A string that begins
+//           with "$" is marked for the gizmo panel; the "$" is no part of it. doc/formats.md has it
+//           all.
 //
 //               Cycle UF->UB->DF
 //               $RlUUrLFF
@@ -16,7 +17,7 @@
 #include <cstdio>
 #include <string>
 
-// The file that the command "Load Macro File" read last, in this run or an earlier one; "" for none.
+// The file that the command "Load Macro File" read last, in this run or an earlier; "" for none.
 // Preferences store it and read it back.
 extern std::string lastmacrofilename;
 

@@ -11,16 +11,16 @@
 // Names     a name is found as it was given, and also cut to 198 bytes, which is what a later run
 //           reads of it.
 // Errors    none is reported. What cannot be read counts as absent: a store that is missing, that
-//           has lines on which the toolkit would stumble, or that has no HOME to lie in. What cannot
-//           be written leaves the store as it was, whole: the new one is made beside it, read back
-//           and put in its place.
-// Callers   main reads; the library, the macro file commands, the speed and the colour dialog write.
+//           has lines on which the toolkit would stumble, or that has no HOME to lie in. What
+//           cannot be written leaves the store as it was, whole: the new one is made beside it,
+//           read back and put in its place.
+// Callers   main reads; the library, the macro file commands, the speed and colour dialogs write.
 // Order     readprefs() after the built-in macros are in the table.
 #pragma once
 
-// Sets TURNTIME (100 without a stored speed of 1..999) and lastmacrofilename, adds the stored macros
-// to the table in the order of their numbers and marks those whose stored mark is 1, and no others.
-// colortable is read once for each macro: without a stored macro it stays as it is.
+// Sets TURNTIME (100 without a stored speed of 1..999) and lastmacrofilename, adds the stored
+// macros to the table in the order of their numbers and marks those whose stored mark is 1, and no
+// others. colortable is read once for each macro: without a stored macro it stays as it is.
 void readprefs();
 
 void writeprefs(); // stores TURNTIME, lastmacrofilename and colortable

@@ -3,11 +3,11 @@
 // near2: which states of stage 2 lie within so many quarter turns of the solved cube, and its move
 // tables turned round.
 //
-// The distance tables of stage 2 each forget half of the edges or all corners, and cut late. But the
-// ten twists make few cubes of few quarter turns: of 19.5 billion states 0.2 million lie within 10
-// and 1.9 million within 12. They are enumerated by walking all sequences of twists from the solved
-// cube and kept in sieves. One serves two lengths: a state's distance is even or odd as the length
-// that is left, so that within 12 means within 11 where 11 are left.
+// The distance tables of stage 2 each forget half of the edges or all corners, and cut late. But
+// the ten twists make few cubes of few quarter turns: of 19.5 billion states 0.2 million lie within
+// 10 and 1.9 million within 12. They are enumerated by walking all sequences of twists from the
+// solved cube and kept in sieves. One serves two lengths: a state's distance is even or odd as the
+// length that is left, so that within 12 means within 11 where 11 are left.
 //
 // State     the tables, zeros at first, and the radius up to which the sieves are filled.
 // Memory    2.6 MB of move tables; sieves of 0.6 MB up to radius 10, 4 MB more for 12.

@@ -4,8 +4,8 @@
 //
 // Stage 1 looks, length by length, for every sequence that brings the cube into the subgroup of
 // stage 2; at each one stage 2 looks for the shortest completion with its ten twists. A complete
-// solution replaces the one before, and only shorter ones count from then on. The idea is Kociemba's
-// two-phase search over Korf's iterative deepening, here measured in quarter turns.
+// solution replaces the one before, and only shorter ones count from then on. Both stages
+// search by iterative deepening (R. E. Korf 1985), here measured in quarter turns.
 //
 // State     the search in progress and its result, below. Not for two searches at a time.
 // Units     lengths are quarter turns.

@@ -9,8 +9,8 @@
 // a_corner. The search walks over such pairs and remembers by which symmetry the real cube differs.
 //
 // State     the tables below: filled by symmetry_tables_init, constant afterwards; 5 MB.
-// Units     a symmetry 0..15 is q + 4 * h + 8 * m: first q quarter turns of the cube about U-D (F to
-//           L), then h half turns about F-B, then m mirrorings that exchange L and R. 0 changes
+// Units     a symmetry 0..15 is q + 4 * h + 8 * m: first q quarter turns of the cube about U-D (F
+//           to L), then h half turns about F-B, then m mirrorings that exchange L and R. 0 changes
 //           nothing. a_edges = a_eloc_size * a_eflip + a_eloc.
 // Callers   near1, search.
 // Order     symmetry_tables_init after the move tables of phase1.

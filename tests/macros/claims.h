@@ -24,5 +24,6 @@ cubeplaces madeby(const std::string& moves); // the cube that a macro makes of a
 // By place, the home places of the facelet's cubie in one order: where cubies lie, not how turned.
 cubeplaces cubiesof(const cubeplaces& places);
 
-// The six faces of that cube, ORDER FACE, as the letters of the faces where the stickers are at home.
+// The six faces of that cube, ORDER FACE, as the letters of the faces where the stickers are at
+// home.
 std::string net(const cubeplaces& places);

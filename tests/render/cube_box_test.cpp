@@ -166,8 +166,8 @@ TEST_F(CubeBoxEvents, AllOtherEventsAreRefused) {
     EXPECT_TRUE(shell.commands.empty());
 }
 
-// One screen for the whole program: the toolkit opens a display once. The windows stay, since hiding
-// the view ends the program.
+// One screen for the whole program: the toolkit opens a display once. The windows stay, since
+// hiding the view ends the program.
 class CubeBox : public testing::Test {
   protected:
     static void SetUpTestSuite() {

@@ -59,35 +59,27 @@ int move_edgeperm(int t, int x) {
 }
 
 // The histograms are those of the plain fill that looks at every state for every layer.
+// clang-format off
 const table_row tables[] = {
-    {"corner_eflip",
-     corner_eflip_dist_table,   a_corner_size,
-     a_eflip_size,    0,
-     18, move_corner,
-     move_eflip,      {1, 4, 34, 300, 2556, 21276, 168539, 1038210, 2562320, 683124, 2612}              },
-    {"corner_eloc",
-     corner_eloc_dist_table,    a_corner_size,
-     a_eloc_size,     494,
-     18, move_corner,
-     move_eloc,       {1, 4, 34, 306, 2352, 16040, 91872, 336982, 490442, 141302, 3224, 6}              },
-    {"eflip_eloc",
-     eflip_eloc_dist_table,     a_eflip_size,
-     a_eloc_size,     494,
-     18, move_eflip,
-     move_eloc,       {1, 4, 34, 296, 2276, 17520, 112797, 453554, 417752, 9524, 2}                     },
-    {"mid_cornerperm",
-     mid_cornerperm_dist_table, b_midperm_size,
-     cornerperm_size, 0,
-     10, move_mid,
-     move_cornerperm, {1,     4,     10,    36,     123,    344,    980,    2648,  6131,  13372, 24892, 37716,
+    {"corner_eflip", corner_eflip_dist_table,
+     a_corner_size, a_eflip_size, 0, 18, move_corner, move_eflip,
+     {1, 4, 34, 300, 2556, 21276, 168539, 1038210, 2562320, 683124, 2612}},
+    {"corner_eloc", corner_eloc_dist_table,
+     a_corner_size, a_eloc_size, 494, 18, move_corner, move_eloc,
+     {1, 4, 34, 306, 2352, 16040, 91872, 336982, 490442, 141302, 3224, 6}},
+    {"eflip_eloc", eflip_eloc_dist_table,
+     a_eflip_size, a_eloc_size, 494, 18, move_eflip, move_eloc,
+     {1, 4, 34, 296, 2276, 17520, 112797, 453554, 417752, 9524, 2}},
+    {"mid_cornerperm", mid_cornerperm_dist_table,
+     b_midperm_size, cornerperm_size, 0, 10, move_mid, move_cornerperm,
+     {1, 4, 10, 36, 123, 344, 980, 2648, 6131, 13372, 24892, 37716,
       58249, 83984, 97550, 125480, 127584, 114256, 121408, 75056, 46848, 30944, 64}},
-    {"mid_edgeperm",
-     mid_edgeperm_dist_table,   b_midperm_size,
-     b_edgeperm_size, 0,
-     10, move_mid,
-     move_edgeperm,   {1,     4,      10,     36,     123,    368,   1176,  3680, 10039, 27236,
-      63466, 127060, 204793, 236520, 179704, 79130, 24240, 9518, 288,   288}         },
+    {"mid_edgeperm", mid_edgeperm_dist_table,
+     b_midperm_size, b_edgeperm_size, 0, 10, move_mid, move_edgeperm,
+     {1, 4, 10, 36, 123, 368, 1176, 3680, 10039, 27236,
+      63466, 127060, 204793, 236520, 179704, 79130, 24240, 9518, 288, 288}},
 };
+// clang-format on
 
 int image(const table_row& table, int t, int x) {
     return table.row_move(t, x / table.columns) * table.columns +

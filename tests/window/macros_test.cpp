@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Named macros as a person uses them: chosen, defined, deleted, saved, loaded, kept for the next run.
+// Named macros as a person uses them: chosen, defined, deleted, saved, loaded, kept for the next
+// run.
 #include "window/layout.h"
 #include "window/windowtest.h"
 
