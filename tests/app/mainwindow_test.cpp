@@ -77,6 +77,7 @@ constexpr widget_row widgets[] = {
     {467, 410, 231, 20, "R = Right   B = Back   D = Down", -1, nullptr},
     {467, 431, 231, 20, "Shift = Inverse     Ctrl = Whole Cube", -1, nullptr},
 };
+
 // clang-format on
 
 struct menu_row {

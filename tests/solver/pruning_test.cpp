@@ -79,6 +79,7 @@ const table_row tables[] = {
      {1, 4, 10, 36, 123, 368, 1176, 3680, 10039, 27236,
       63466, 127060, 204793, 236520, 179704, 79130, 24240, 9518, 288, 288}},
 };
+
 // clang-format on
 
 int image(const table_row& table, int t, int x) {
