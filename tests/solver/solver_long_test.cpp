@@ -43,6 +43,7 @@ void expect_twin_agrees(const char* file, int depth) {
 TEST_F(SolverLong, GoldenAnswersAreThoseOfTheTwin) {
     expect_twin_agrees("solver14.txt", 14);
     expect_twin_agrees("solver15.txt", 15);
+    expect_twin_agrees("solver16.txt", 16);
 }
 
 TEST_F(SolverLong, FiveHundredCubesAtDepth14) {
