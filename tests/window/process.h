@@ -62,8 +62,8 @@ class process {
     long voluntaryswitches() const; // how often its main thread went to sleep of itself
 
     // Whether it spends `seconds` doing nothing but waiting: hardly any work, sleeps and wakes, and
-    // no time in which it would have run on a machine less busy. A program in the middle of an animation wakes
-    // hundreds of times a second, an idle one twice for each of its ten polls.
+    // no time in which it would have run on a machine less busy. A program in the middle of an
+    // animation wakes hundreds of times a second, an idle one twice for each of its ten polls.
     bool isquiet(double seconds = 0.12) const;
 
   private:
