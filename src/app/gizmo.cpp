@@ -27,6 +27,7 @@ void* userdata(int macro) {
     return reinterpret_cast<void*>(static_cast<std::intptr_t>(macro));
 }
 
+// Long names are cut at the button's edges; the toolkit would write over the neighbours.
 void makepanel(int x, int y) {
     macrowindow = new Fl_Window(x, y, 280, 417);
     macrowindow->xclass("Vexel");
@@ -41,6 +42,7 @@ void makepanel(int x, int y) {
     macrowindow->end();
 }
 
+// The number goes along with the label, so that the two cannot part.
 void setbutton(Fl_Button* button, const std::string& label, int macro) {
     button->copy_label(label.c_str());
     button->redraw_label();
@@ -66,7 +68,7 @@ int fillpanel() {
 
 void macrodisplay(int x, int y) {
     if (!form->shown()) {
-        return;
+        return; // the file of the command line is read before the window stands
     }
     if (macrowindow == nullptr) {
         makepanel(x, y);
@@ -75,7 +77,7 @@ void macrodisplay(int x, int y) {
         macrowindow->show();
         return;
     }
-    macrowindow->hide();
+    macrowindow->hide(); // before the message, which would stand behind it
     if (x == 0 && y == 0) {
         showalert("No macros in gizmo");
     }

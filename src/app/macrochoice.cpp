@@ -20,11 +20,13 @@ namespace {
 std::string names[maxmacros];  // the names that the list shows
 std::string labels[maxmacros]; // as labels: what the entries' texts point to
 
+// A record of its own, not one the toolkit adds: added texts have "/", "_" and "\\" read as marks.
 Fl_Menu_Item entry(const char* text, int number) {
     void* data = reinterpret_cast<void*>(static_cast<std::intptr_t>(number));
     return {text, 0, nullptr, data, 0, 0, 0, 0, 0};
 }
 
+// What the list and the panel have in common.
 void applychosen(int macro) {
     needsredraw = 1;
     recordstop();
@@ -42,8 +44,9 @@ std::string plainlabel(const std::string& name) {
 }
 
 void showmacros() {
-    const int count = std::max(maccount, 1);
+    const int count = std::max(maccount, 1); // row 0 of an empty table holds empty texts
     for (int i = 0; i < count; ++i) {
+        // A file of macros comes here once for each: only a name that is new costs a label.
         if (names[i] != macnames[i]) {
             names[i] = macnames[i];
             labels[i] = plainlabel(names[i]);

@@ -21,6 +21,8 @@ struct macro_row {
     const char* moves;
 };
 
+// Row = number of the macro in a fresh table. The names tell what happens to which cubies: "->"
+// from place to place, "<>" a swap. Rows 3 and 6 leave open how the cubies are turned.
 constexpr macro_row builtin_table[] = {
     {"Flip UF, UL",               "FRBLUlUbrfluLu" }, // 0
     {"Flip UF, UB",               "LfUlFbUrFuRfBu" }, // 1
@@ -33,6 +35,7 @@ constexpr macro_row builtin_table[] = {
 
 static_assert(std::size(builtin_table) == 7);
 
+// A copy: the answer of the seam is gone with the next question, and one may follow.
 std::optional<std::string> askname(const char* prompt, const std::string& preset) {
     const char* answer = askline(prompt, preset.c_str());
     return answer == nullptr ? std::nullopt : std::optional<std::string>(answer);
@@ -58,6 +61,7 @@ std::optional<int> askmacro(const char* prompt) {
     return i;
 }
 
+// The row goes to the end of the table, the rows between move up, and the end is cut off.
 void removemacro(int i) {
     const auto removefrom = [i](auto* row) { std::rotate(row + i, row + i + 1, row + maccount); };
     removefrom(macnames);
@@ -69,6 +73,7 @@ void removemacro(int i) {
     showmac[maccount] = 0;
 }
 
+// Asked before the table is looked at: a macro may be stored and not, or no more, in the table.
 void offertoforget(const std::string& name) {
     if (isprefmacro(name.c_str()) != 0 && askyesno("Delete from preferences file as well?")) {
         deleteprefmacro(name.c_str());
@@ -94,7 +99,7 @@ int addmacro(const char* name, const char* text) {
         showalert("Too many macro definitions");
         return 0;
     }
-    const bool marked = *text == '$';
+    const bool marked = *text == '$'; // a mark of a deleted macro must not stay in this row either
     macnames[maccount] = name;
     macstrs[maccount] = marked ? text + 1 : text;
     showmac[maccount] = marked ? 1 : 0;
@@ -116,7 +121,7 @@ void applysavedmacro(int i) {
     if (i < 0 || i >= std::max(maccount, 1)) {
         return;
     }
-    parsing = 0;
+    parsing = 0; // at once, not by way of the turn queue
     setmacroline(macstrs[i].c_str());
     loadout(macstrs[i].c_str());
     applymacro();
@@ -131,7 +136,7 @@ void definemacro() {
         showalert((*name + ": name in use").c_str());
         return;
     }
-    const std::string text = macroline();
+    const std::string text = macroline(); // a copy: the line may change while the list is made
     if (addmacro(name->c_str(), text.c_str()) != 0) {
         choosemacro(maccount - 1);
         addprefmacro(name->c_str(), text.c_str());
@@ -162,7 +167,7 @@ void deletedefinedmacro() {
 void deleteallmacros() {
     initlibrary();
     showmacros();
-    refreshmacrodisplay();
+    refreshmacrodisplay(); // its numbers would reach past the table
 }
 
 void addmactogizmo() {

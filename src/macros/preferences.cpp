@@ -64,6 +64,7 @@ void readstore(const std::function<void(Fl_Preferences&)>& use) {
 // Changes something in the group it is given, or returns false.
 using storechange = std::function<bool(Fl_Preferences&)>;
 
+// What a store says, in the order in which it says it; a group counts as an entry without a value.
 using entrylist = std::vector<std::pair<std::string, std::string>>;
 
 // Appends all groups and entries of a group.
@@ -101,6 +102,8 @@ bool changecopy(const std::string& folder, const storechange& change) {
     return wanted == written;
 }
 
+// The copy is made in a folder of its own, since it is the toolkit that names the file. Whatever
+// fails here leaves the store alone.
 void replacestore(const std::string& path, const std::string& folder, const storechange& change) {
     const fs::path copy = fs::path(folder) / (std::string(application) + ".prefs");
     std::error_code error;
@@ -124,6 +127,8 @@ void changestore(const storechange& change) {
     if (path.empty() || soundstore(path.c_str()) == 0) {
         return;
     }
+    // Beside the store, not among the temporary files: another disk may have room where this has
+    // none.
     const std::string place = fs::path(path).parent_path().string();
     std::error_code error;
     fs::create_directories(place, error);
@@ -134,7 +139,8 @@ void changestore(const storechange& change) {
     }
 }
 
-// Its keys
+// Its keys. The toolkit looks a key up by walking through all of them: with n keys every function
+// here takes n steps for each key it asks for, which is quick enough for ten thousand.
 
 std::string key(const char* kind, int n) {
     return kind + std::to_string(n);
@@ -152,6 +158,7 @@ int getnumber(Fl_Preferences& store, const std::string& name, int standard) {
     return value;
 }
 
+// Also a macro without a name is one: only a key that is missing makes a gap.
 bool hasmacro(Fl_Preferences& store, int n) {
     return store.entryExists(key("mac", n).c_str()) != 0;
 }
@@ -191,7 +198,7 @@ void readprefs() {
     lastmacrofilename.clear();
     readstore([](Fl_Preferences& store) {
         char folder[400];
-        store.getUserdataPath(folder, sizeof folder); // makes that folder
+        store.getUserdataPath(folder, sizeof folder); // a folder for files of ours; there are none
         const int speed = getnumber(store, "speed", standardspeed);
         TURNTIME = speed >= 1 && speed <= maxspeed ? speed : standardspeed;
         lastmacrofilename = gettext(store, "macrofilename", filenamesize);

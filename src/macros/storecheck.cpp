@@ -37,22 +37,25 @@ void followvalue(reading& r, const char* text) {
     }
 }
 
+// The toolkit looks for the group from its root, ".", and takes what it does not find as found.
 bool soundgroup(const char* line) {
     const std::size_t size = std::strcspn(line + 1, "]");
     const bool relative = std::strncmp(line + 1, "./", 2) == 0 || (size == 1 && line[1] == '.');
     return relative && size <= groupsize;
 }
 
+// What a "+" line adds to is the entry set last, by its position, whatever group has come since; a
+// comment is an entry with a null value.
 bool soundline(reading& r, char* line) {
     line[std::strcspn(line, "\n\r")] = '\0';
     if (*line == '\0') {
-        return true;
+        return true; // an empty line ends nothing
     }
     if (*line == '+') {
         followvalue(r, line + 1);
         return r.inentry;
     }
-    const bool valueended = r.end == none;
+    const bool valueended = r.end == none; // of the entry before this line
     r = reading();
     if (*line == '[') {
         return valueended && soundgroup(line);

@@ -62,7 +62,8 @@ void lookfordialog(void* data) {
         answerdialog(all);
     }
     if (all.texts.size() < all.answers.size()) {
-        Fl::repeat_timeout(0.01, lookfordialog, data);
+        // Not repeated: that may come at once, before the dialog has seen its answer.
+        Fl::add_timeout(0.01, lookfordialog, data);
     }
 }
 

@@ -5,8 +5,8 @@
 #include "model/notation.h"
 
 #include <algorithm>
-#include <regex>
 #include <set>
+#include <sstream>
 #include <stdexcept>
 #include <vector>
 
@@ -36,11 +36,25 @@ void bring(cubeplaces& places, const std::string& from, const std::string& to) {
     }
 }
 
+// The cubies named in a text: its runs of two or three face letters.
+std::vector<std::string> cubiesin(const std::string& text) {
+    std::vector<std::string> cubies;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const std::size_t end = std::min(text.find_first_not_of(faces, i), text.size());
+        if (end - i >= 2) {
+            cubies.push_back(text.substr(i, end - i));
+        }
+        i = std::max(end, i);
+    }
+    return cubies;
+}
+
 // One promise, "UF->UB->UR", "UL<>UF" or "UF".
 void promise(cubeplaces& places, const std::string& text) {
-    static const std::regex cubiename("[ULFRBD]+");
-    std::vector<std::string> cubies(std::sregex_token_iterator(text.begin(), text.end(), cubiename),
-                                    {});
+    std::vector<std::string> cubies = cubiesin(text);
+    if (cubies.empty()) {
+        throw std::runtime_error("promises nothing: " + text);
+    }
     if (cubies.size() == 1) {
         cubies.emplace_back(cubies[0].rbegin(), cubies[0].rend());
     }
@@ -55,18 +69,13 @@ void promise(cubeplaces& places, const std::string& text) {
 } // namespace
 
 cubeplaces claimed(const std::string& name) {
-    static const std::regex promisetext("[ULFRBD]{2,3}((->|<>)[ULFRBD]{2,3})*");
     cubeplaces places{};
     for (int i = 0; i < placecount; ++i) {
         places[i] = i;
     }
-    const std::sregex_iterator end;
-    std::sregex_iterator found(name.begin(), name.end(), promisetext);
-    if (found == end) {
-        throw std::runtime_error("promises nothing: " + name);
-    }
-    for (; found != end; ++found) {
-        promise(places, found->str());
+    std::istringstream parts(name);
+    for (std::string part; std::getline(parts, part, ',');) {
+        promise(places, part);
     }
     return places;
 }
