@@ -41,28 +41,31 @@ Fl_Button* dialogbutton(bool accept) {
     throw std::runtime_error("the dialog has no such button");
 }
 
+std::string dialogtext() {
+    const char* text = Fl::modal()->child(0)->label();
+    return text == nullptr ? "" : text;
+}
+
 void answerdialog(dialogs& all) {
     const std::optional<std::string> answer = all.answers[all.texts.size()];
     for (int i = 0; i < Fl::modal()->children(); ++i) {
-        Fl_Widget* child = Fl::modal()->child(i);
-        auto* line = dynamic_cast<Fl_Input*>(child);
+        auto* line = dynamic_cast<Fl_Input*>(Fl::modal()->child(i));
         if (line != nullptr && line->visible() != 0 && answer) {
             line->value(answer->c_str());
         }
-        if (dynamic_cast<Fl_Box*>(child) != nullptr && child->label() != nullptr && i == 0) {
-            all.texts.emplace_back(child->label());
-        }
     }
+    all.texts.push_back(dialogtext());
     dialogbutton(answer.has_value())->do_callback();
 }
 
+// A dialog stays for a while after its answer, and the next is made of the same window: only
+// another text is another dialog.
 void lookfordialog(void* data) {
     auto& all = *static_cast<dialogs*>(data);
-    if (Fl::modal() != nullptr) {
+    if (Fl::modal() != nullptr && (all.texts.empty() || dialogtext() != all.texts.back())) {
         answerdialog(all);
     }
     if (all.texts.size() < all.answers.size()) {
-        // Not repeated: that may come at once, before the dialog has seen its answer.
         Fl::add_timeout(0.01, lookfordialog, data);
     }
 }

@@ -21,7 +21,7 @@ class Fl_Button;
 
 // Calls command, which opens dialogs one after the other, and answers each: with a text typed into
 // its line and "OK", or, without a text, with "Cancel" or "Close". Returns the messages that the
-// dialogs showed. Fails the test if there was another number of them.
+// dialogs showed, no two alike. Fails the test if there was another number of them.
 std::vector<std::string> answering(const std::vector<std::optional<std::string>>& answers,
                                    const std::function<void()>& command);
 
