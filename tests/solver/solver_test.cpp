@@ -48,7 +48,9 @@ TEST_F(Solver, AnswersAtDepth15AreThoseOfTheTwin) {
     expect_golden("solver15.txt", 15, 2);
 }
 
-TEST_F(Solver, AnswersAtDepth16AreThoseOfTheTwin) { expect_golden("solver16.txt", 16, 2); }
+TEST_F(Solver, AnswersAtDepth16AreThoseOfTheTwin) {
+    expect_golden("solver16.txt", 16, 2);
+}
 
 TEST_F(Solver, EverySolutionSolvesTheCubeOfTheModel) {
     setsearchdepth(14);
