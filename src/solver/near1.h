@@ -14,14 +14,14 @@
 //
 // State     the sieves, zeros at first, and the length up to which they are filled.
 // Memory    5 MB up to length 8, 8 MB more for 9; pages that are not written cost nothing.
-// Units     a state is an edge class (symmetry.h) and an a_corner as its representative sees it;
+// Units     a state is an edge class (edgeclass.h) and an a_corner as its representative sees it;
 //           a face, ORDER FLUBRD, is seen likewise.
 // Callers   search; solver fills the first sieves.
-// Order     near1_extend after symmetry_tables_init.
+// Order     near1_extend after edge_classes_init.
 #pragma once
 
+#include "solver/edgeclass.h"
 #include "solver/sieve.h"
-#include "solver/symmetry.h"
 
 constexpr int near1_initial = 6;  // length that pays for any search
 constexpr int near1_ordinary = 8; // length that pays for the search of any but the nearest cubes

@@ -4,6 +4,7 @@
 #include "solver/perms.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace {
 
@@ -92,10 +93,10 @@ int quarter_twist_on_sliceedge(int face, int index) {
     return sliceedge_pack(labels);
 }
 
-int generator_on_edgeperm(int face, int index) {
+int generator_on_edgeperm(int face, const int* from) {
     const generator_row& row = generators[face];
     int perm[layer_edges];
-    perm_n_unpack(layer_edges, index, perm);
+    std::copy(from, from + layer_edges, perm);
     if (row.quarter)
         face_cycle(perm, face_cycles[face].edges);
     else
@@ -103,20 +104,22 @@ int generator_on_edgeperm(int face, int index) {
     return perm_n_pack(layer_edges, perm);
 }
 
-int generator_on_midperm(int face, int index) {
+int generator_on_midperm(int face, const int* from) {
     const generator_row& row = generators[face];
     int perm[slice_edges];
-    perm_n_unpack(slice_edges, index, perm);
+    std::copy(from, from + slice_edges, perm);
     two_cycle(perm, row.mid_a, row.mid_b); // a quarter turn's row exchanges 0 with itself
     return perm_n_pack(slice_edges, perm);
 }
 
 // The ten rows of stage 2 from the six generators; ORDER STAGE2.
-template <typename entry, typename twist_function>
+template <int things, typename entry, typename twist_function>
 void fill_stage2_rows(entry** ptrs, int size, twist_function twist) {
-    for (int x = 0; x < size; x++)
+    int perm[things]; // of rank x
+    std::iota(perm, perm + things, 0);
+    for (int x = 0; x < size; x++, std::next_permutation(perm, perm + things))
         for (int face = 0; face < twist_face_count; face++)
-            ptrs[generators[face].b_twist][x] = static_cast<entry>(twist(face, x));
+            ptrs[generators[face].b_twist][x] = static_cast<entry>(twist(face, perm));
     for (const generator_row& row : generators) {
         if (!row.quarter)
             continue;
@@ -194,9 +197,9 @@ void twist_on_cornerperm_init(std::uint16_t* table, std::uint16_t** a_ptrs,
     point_rows(table, a_ptrs, a_twist_count, cornerperm_size);
     for (int t = 0; t < b_twist_count; t++)
         b_ptrs[t] = a_ptrs[b_to_a_twist[t]];
-    for (int x = 0; x < cornerperm_size; x++) {
-        int perm[corners];
-        perm_n_unpack(corners, x, perm);
+    int perm[corners]; // of rank x
+    std::iota(perm, perm + corners, 0);
+    for (int x = 0; x < cornerperm_size; x++, std::next_permutation(perm, perm + corners)) {
         for (int face = 0; face < twist_face_count; face++) {
             int twisted[corners];
             std::copy(perm, perm + corners, twisted);
@@ -209,12 +212,12 @@ void twist_on_cornerperm_init(std::uint16_t* table, std::uint16_t** a_ptrs,
 
 void twist_on_edgeperm_init(std::uint16_t* table, std::uint16_t** ptrs) {
     point_rows(table, ptrs, b_twist_count, b_edgeperm_size);
-    fill_stage2_rows(ptrs, b_edgeperm_size, generator_on_edgeperm);
+    fill_stage2_rows<layer_edges>(ptrs, b_edgeperm_size, generator_on_edgeperm);
 }
 
 void twist_on_midperm_init(int* table, int** ptrs) {
     point_rows(table, ptrs, b_twist_count, b_midperm_size);
-    fill_stage2_rows(ptrs, b_midperm_size, generator_on_midperm);
+    fill_stage2_rows<slice_edges>(ptrs, b_midperm_size, generator_on_midperm);
 }
 
 void twist_on_sliceedge_init(std::uint16_t* table, std::uint16_t** ptrs) {

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "solver/pruning.h"
 
+#include "solver/symmetry.h"
+
 #include <algorithm>
-#include <cstring>
+#include <bit>
 #include <vector>
 
 namespace {
@@ -17,114 +19,106 @@ std::vector<int> needed_twists(const int* lengths, const int* const* faces, int 
     return needed;
 }
 
-// The layered fill of a pair table. A layer is walked from once, row by row, so that what a twist
-// writes to lies in one row; the last layers, which most states belong to, are walked back from.
-template <typename entry, typename row_entry, typename column_entry> class layered_fill {
+// The fill of a pair table, of which one coordinate is sorted into classes: distances are reckoned
+// for the representatives alone, and then copied to what the symmetries make of them.
+//
+// image(s, x, y) is what symmetry s makes of the other coordinate, y, where the sorted one is x.
+template <typename image_function, typename x_entry, typename y_entry> class class_fill {
   public:
-    layered_fill(entry* cells, int row_count, int column_count, const int* twist_lengths,
-                 const std::vector<int>& twist_list, row_entry* const* moves_of_rows,
-                 column_entry* const* moves_of_columns)
-        : table(cells), rows(row_count), columns(column_count), lengths(twist_lengths),
-          twists(twist_list), row_moves(moves_of_rows), column_moves(moves_of_columns),
-          frontier(static_cast<std::size_t>(column_count)) {}
+    class_fill(const symmetry_classes& sorted_classes, int other_size, image_function other_image,
+               x_entry* const* moves_of_x, y_entry* const* moves_of_y, const int* twist_lengths,
+               const std::vector<int>& twist_list)
+        : classes(sorted_classes), y_size(other_size), image(other_image), x_moves(moves_of_x),
+          y_moves(moves_of_y), lengths(twist_lengths), twists(twist_list),
+          cells(classes.representatives.size() * static_cast<std::size_t>(y_size), unreached) {}
 
-    void run(int goal) {
-        // 1. Nothing is reached.
-        std::fill(table, table + rows * columns, entry{unreached});
-        // 2. How many layers a twist can span.
-        int maxlen = 0;
-        for (const int t : twists)
-            maxlen = std::max(maxlen, lengths[t]);
-        // 3, 4. Layers, from the goal outwards, until nothing changes or nothing is left.
-        table[goal] = 0;
-        left = rows * columns - 1;
-        for (int d = 1, idle = 0; idle < maxlen && left > 0; d++) {
-            const int before = left;
-            if (left > rows * columns / 2)
-                for (int length = 1; length <= maxlen && length <= d; length++)
-                    walk_from(d - length, length);
-            else
-                walk_back(d);
-            idle = left == before ? idle + 1 : 0;
+    // Layers, from the goal outwards. Row by row, so that what a twist writes to lies in one row.
+    void run(int goal_x, int goal_y) {
+        const class_place goal = classes.of[static_cast<std::size_t>(goal_x)];
+        enter(goal.number, image(goal.symmetry, goal_x, goal_y), 0);
+        std::vector<int> found(static_cast<std::size_t>(y_size));
+        for (int d = 0; d <= farthest; d++)
+            for (int number = 0; number < static_cast<int>(classes.representatives.size());
+                 number++) {
+                const int count = find_in_row(number, d, found.data());
+                if (count == 0)
+                    continue;
+                for (const int t : twists)
+                    reach(number, found.data(), count, t, d + lengths[t]);
+            }
+    }
+
+    // Writes the least cost of every (x, y) to table[x * x_stride + y * y_stride].
+    template <typename entry> void copy(entry* table, int x_stride, int y_stride) const {
+        for (int x = 0; x < static_cast<int>(classes.of.size()); x++) {
+            const class_place place = classes.of[static_cast<std::size_t>(x)];
+            const std::uint8_t* const row = cells.data() + place.number * y_size;
+            for (int y = 0; y < y_size; y++)
+                table[x * x_stride + y * y_stride] = row[image(place.symmetry, x, y)];
         }
     }
 
   private:
-    // All twists of a length from all states of a layer.
-    void walk_from(int layer, int length) {
-        const auto reached = static_cast<entry>(layer + length);
-        for (int row = 0; row < rows; row++) {
-            const entry* const cells = table + row * columns;
-            if (sizeof(entry) == 1 && std::memchr(cells, layer, frontier.size()) == nullptr)
+    // Lists the states of a row that are at a distance.
+    int find_in_row(int number, int d, int* found) const {
+        const std::uint8_t* const row = cells.data() + number * y_size;
+        int count = 0;
+        for (int y = 0; y < y_size; y++) {
+            found[count] = y;
+            count += row[y] == d;
+        }
+        return count;
+    }
+
+    // One twist from the listed states of a row. All lead into the same one.
+    void reach(int number, const int* found, int count, int t, int d) {
+        const int x = x_moves[t][classes.representatives[static_cast<std::size_t>(number)]];
+        const class_place to = classes.of[static_cast<std::size_t>(x)];
+        // A representative that looks the same from elsewhere is reached there, too.
+        const int representative = classes.representatives[to.number];
+        const unsigned others = classes.stabilizer[to.number] & ~1u;
+        const y_entry* const moves = y_moves[t];
+        for (int i = 0; i < count; i++) {
+            const int y = image(to.symmetry, x, moves[found[i]]);
+            if (!enter(to.number, y, d))
                 continue;
-            int found = 0;
-            for (int column = 0; column < columns; column++) {
-                frontier[static_cast<std::size_t>(found)] = column;
-                found += cells[column] == layer;
-            }
-            for (const int t : twists)
-                if (found > 0 && lengths[t] == length)
-                    write(table + row_moves[t][row] * columns, column_moves[t], found, reached);
+            for (unsigned rest = others; rest != 0; rest &= rest - 1)
+                enter(to.number, image(std::countr_zero(rest), representative, y), d);
         }
     }
 
-    // When few are left it is quicker to ask each of them for a neighbour in the right layer. The
-    // twists' inverses are among the twists.
-    void walk_back(int d) {
-        for (int row = 0; row < rows; row++)
-            for (int column = 0; column < columns; column++) {
-                entry& cell = table[row * columns + column];
-                if (cell == unreached && has_neighbour(row, column, d)) {
-                    cell = static_cast<entry>(d);
-                    left--;
-                }
-            }
+    // false if it was no farther before
+    bool enter(int number, int y, int d) {
+        std::uint8_t& cell = cells[static_cast<std::size_t>(number * y_size + y)];
+        if (cell <= d)
+            return false;
+        cell = static_cast<std::uint8_t>(d);
+        farthest = std::max(farthest, d);
+        return true;
     }
 
-    bool has_neighbour(int row, int column, int d) const {
-        for (const int t : twists)
-            if (table[row_moves[t][row] * columns + column_moves[t][column]] == d - lengths[t])
-                return true;
-        return false;
-    }
-
-    void write(entry* to, const column_entry* moves, int found, entry reached) {
-        int fresh = 0;
-        for (int i = 0; i < found; i++) {
-            entry& cell = to[moves[frontier[static_cast<std::size_t>(i)]]];
-            fresh += cell == unreached;
-            cell = std::min(cell, reached);
-        }
-        left -= fresh;
-    }
-
-    entry* table;
-    int rows, columns;
+    const symmetry_classes& classes;
+    int y_size;
+    image_function image;
+    x_entry* const* x_moves;
+    y_entry* const* y_moves;
     const int* lengths;
-    std::vector<int> twists;
-    row_entry* const* row_moves;
-    column_entry* const* column_moves;
-    std::vector<int> frontier; // columns of the layer in one row
-    int left = 0;              // cells not reached
+    const std::vector<int>& twists;
+    std::vector<std::uint8_t> cells; // by class and y
+    int farthest = -1;
 };
 
-template <typename row_entry, typename column_entry>
-void fill_stage1(std::uint8_t* table, std::uint8_t** ptrs, int rows, int columns, int goal,
-                 row_entry* const* row_moves, column_entry* const* column_moves) {
-    point_rows(table, ptrs, rows, columns);
-    layered_fill(table, rows, columns, a_metric_length,
-                 needed_twists(a_metric_length, a_twist_list_ptrs, a_twist_count), row_moves,
-                 column_moves)
-        .run(goal);
+std::vector<int> stage1_twists() {
+    return needed_twists(a_metric_length, a_twist_list_ptrs, a_twist_count);
 }
 
-template <typename entry, typename row_entry>
-void fill_stage2(entry* table, int rows, row_entry* const* row_moves,
-                 std::uint16_t* const* column_moves) {
-    layered_fill(table, rows, cornerperm_size, b_metric_length,
-                 needed_twists(b_metric_length, b_twist_list_ptrs, b_twist_count), row_moves,
-                 column_moves)
-        .run(0);
+std::vector<int> stage2_twists() {
+    return needed_twists(b_metric_length, b_twist_list_ptrs, b_twist_count);
+}
+
+symmetry_classes classes_of_corner(unsigned symmetries) {
+    return sort_into_classes(a_corner_size, symmetries,
+                             [](int s, int x) { return symmetry_on_corner[x][s]; });
 }
 
 } // namespace
@@ -143,36 +137,79 @@ constinit std::uint8_t* mid_cornerperm_dist_ptrs[b_midperm_size] = {};
 constinit std::uint8_t* mid_edgeperm_dist_ptrs[b_midperm_size] = {};
 
 void a_corner_eflip_dist_init(std::uint8_t* table, std::uint8_t** ptrs) {
-    fill_stage1(table, ptrs, a_corner_size, a_eflip_size, 0, twist_on_corner_ptrs,
-                twist_on_eflip_ptrs);
+    symmetry_tables_init();
+    point_rows(table, ptrs, a_corner_size, a_eflip_size);
+    const symmetry_classes classes = classes_of_corner(even_symmetries);
+    const auto twists = stage1_twists();
+    class_fill fill(
+        classes, a_eflip_size, [](int s, int, int y) { return int{symmetry_on_flips[s][y]}; },
+        twist_on_corner_ptrs, twist_on_eflip_ptrs, a_metric_length, twists);
+    fill.run(0, 0);
+    fill.copy(table, a_eflip_size, 1);
 }
 
 void a_corner_eloc_dist_init(std::uint8_t* table, std::uint8_t** ptrs) {
-    fill_stage1(table, ptrs, a_corner_size, a_eloc_size, a_eloc_goal, twist_on_corner_ptrs,
-                twist_on_eloc_ptrs);
+    symmetry_tables_init();
+    point_rows(table, ptrs, a_corner_size, a_eloc_size);
+    const symmetry_classes classes = classes_of_corner(all_symmetries);
+    const auto twists = stage1_twists();
+    class_fill fill(
+        classes, a_eloc_size, [](int s, int, int y) { return int{symmetry_on_eloc[y][s]}; },
+        twist_on_corner_ptrs, twist_on_eloc_ptrs, a_metric_length, twists);
+    fill.run(0, a_eloc_goal);
+    fill.copy(table, a_eloc_size, 1);
 }
 
 void a_eflip_eloc_dist_init(std::uint8_t* table, std::uint8_t** ptrs) {
-    fill_stage1(table, ptrs, a_eflip_size, a_eloc_size, a_eloc_goal, twist_on_eflip_ptrs,
-                twist_on_eloc_ptrs);
+    symmetry_tables_init();
+    point_rows(table, ptrs, a_eflip_size, a_eloc_size);
+    const symmetry_classes classes = sort_into_classes(
+        a_eloc_size, all_symmetries, [](int s, int x) { return symmetry_on_eloc[x][s]; });
+    const auto twists = stage1_twists();
+    class_fill fill(
+        classes, a_eflip_size, [](int s, int x, int y) { return symmetry_on_eflip(s, x, y); },
+        twist_on_eloc_ptrs, twist_on_eflip_ptrs, a_metric_length, twists);
+    fill.run(a_eloc_goal, 0);
+    fill.copy(table, 1, a_eloc_size);
 }
 
 void b_cornerperm_dist_init(int* table) {
-    // One row, which no twist leaves.
+    symmetry_perm_tables_init();
+    // The other coordinate has one value, which no twist changes.
     constexpr int stay = 0;
-    const int* no_rows[b_twist_count];
-    std::fill(no_rows, no_rows + b_twist_count, &stay);
-    fill_stage2(table, 1, no_rows, b_twist_on_cornerperm_ptrs);
+    const int* no_moves[b_twist_count];
+    std::fill(no_moves, no_moves + b_twist_count, &stay);
+    const auto twists = stage2_twists();
+    class_fill fill(
+        classes_of_cornerperm, 1, [](int, int, int) { return 0; }, b_twist_on_cornerperm_ptrs,
+        no_moves, b_metric_length, twists);
+    fill.run(0, 0);
+    fill.copy(table, 1, 0);
 }
 
 void b_mid_cornerperm_dist_init(std::uint8_t* table, std::uint8_t** ptrs) {
+    symmetry_perm_tables_init();
     point_rows(table, ptrs, b_midperm_size, cornerperm_size);
-    fill_stage2(table, b_midperm_size, twist_on_midperm_ptrs, b_twist_on_cornerperm_ptrs);
+    const auto twists = stage2_twists();
+    class_fill fill(
+        classes_of_cornerperm, b_midperm_size,
+        [](int s, int, int y) { return int{symmetry_on_midperm[y][s]}; },
+        b_twist_on_cornerperm_ptrs, twist_on_midperm_ptrs, b_metric_length, twists);
+    fill.run(0, 0);
+    fill.copy(table, 1, cornerperm_size);
 }
 
 void b_mid_edgeperm_dist_init(std::uint8_t* table, std::uint8_t** ptrs) {
+    symmetry_perm_tables_init();
     point_rows(table, ptrs, b_midperm_size, b_edgeperm_size);
-    fill_stage2(table, b_midperm_size, twist_on_midperm_ptrs, twist_on_edgeperm_ptrs);
+    const symmetry_classes classes = sort_into_classes(
+        b_edgeperm_size, all_symmetries, [](int s, int x) { return symmetry_on_edgeperm[x][s]; });
+    const auto twists = stage2_twists();
+    class_fill fill(
+        classes, b_midperm_size, [](int s, int, int y) { return int{symmetry_on_midperm[y][s]}; },
+        twist_on_edgeperm_ptrs, twist_on_midperm_ptrs, b_metric_length, twists);
+    fill.run(0, 0);
+    fill.copy(table, 1, b_edgeperm_size);
 }
 
 void prune_tables_init() {

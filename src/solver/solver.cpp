@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "solver/solver.h"
 
+#include "solver/edgeclass.h"
 #include "solver/near1.h"
 #include "solver/near2.h"
 #include "solver/pruning.h"
 #include "solver/search.h"
-#include "solver/symmetry.h"
 
 #include <iterator>
 
@@ -14,7 +14,7 @@ namespace {
 void distances_of_stage1_edges() {
     a_eflip_eloc_dist_init(eflip_eloc_dist_table, eflip_eloc_dist_ptrs);
     // All that stage 1 needs beside the described tables.
-    symmetry_tables_init();
+    edge_classes_init();
     near1_extend(near1_initial);
 }
 

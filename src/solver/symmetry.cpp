@@ -2,10 +2,10 @@
 #include "solver/symmetry.h"
 
 #include "solver/cubecheck.h"
-#include "solver/pruning.h"
+#include "solver/perms.h"
 
 #include <algorithm>
-#include <vector>
+#include <numeric>
 
 namespace {
 
@@ -17,17 +17,12 @@ constexpr char quarter_turn_faces[] = "LBURFD"; // about U-D
 constexpr char half_turn_faces[] = "FRDBLU";    // about F-B
 constexpr char mirror_faces[] = "FRUBLD";
 
-// State: what symmetries do to the parts of a_edges.
+// State
 
-std::uint8_t face_images[symmetry_count][twist_face_count];
-std::uint8_t edge_images[symmetry_count][edge_count];     // positions
-std::uint8_t corner_images[symmetry_count][corner_count]; // positions
-std::uint16_t eloc_images[symmetry_count][a_eloc_size];
-std::uint16_t eflip_images[symmetry_count][a_eflip_size];
-
-// Good and flipped are defined by the F and B faces; seen with L and R in their place, exactly the
-// edges that stand in the slice but do not belong there, or the other way, change their name.
-std::uint16_t eflip_toggles[symmetry_count][a_eloc_size];
+bool initialized = false;
+int face_images[symmetry_count][twist_face_count];
+int edge_images[symmetry_count][edge_count];     // positions
+int corner_images[symmetry_count][corner_count]; // positions
 
 int face_of(char letter) {
     return static_cast<int>(std::find(face_letters, face_letters + twist_face_count, letter) -
@@ -44,7 +39,7 @@ void find_face_images() {
                 image = face_of(half_turn_faces[image]);
             if (s & mirror_bit)
                 image = face_of(mirror_faces[image]);
-            face_images[s][face] = static_cast<std::uint8_t>(image);
+            face_images[s][face] = image;
         }
 }
 
@@ -70,11 +65,9 @@ int image_of_position(int s, const char* const* names, int position) {
 void find_position_images() {
     for (int s = 0; s < symmetry_count; s++) {
         for (int i = 0; i < edge_count; i++)
-            edge_images[s][i] =
-                static_cast<std::uint8_t>(image_of_position(s, edge_cubie_string, i));
+            edge_images[s][i] = image_of_position(s, edge_cubie_string, i);
         for (int i = 0; i < corner_count; i++)
-            corner_images[s][i] =
-                static_cast<std::uint8_t>(image_of_position(s, corner_cubie_string, i));
+            corner_images[s][i] = image_of_position(s, corner_cubie_string, i);
     }
 }
 
@@ -93,8 +86,11 @@ void find_products() {
                 bool equal = true;
                 for (int face = 0; face < twist_face_count; face++)
                     equal = equal && face_images[s][face] == face_images[b][face_images[a][face]];
-                if (equal)
-                    symmetry_on_symmetry[b][a] = static_cast<std::uint8_t>(s);
+                if (!equal)
+                    continue;
+                symmetry_on_symmetry[b][a] = static_cast<std::uint8_t>(s);
+                if (s == 0)
+                    inverse_symmetry[a] = static_cast<std::uint8_t>(b);
             }
 }
 
@@ -108,8 +104,6 @@ void find_corner_images() {
                 image[corner_images[s][i]] = s & mirror_bit ? (3 - twists[i]) % 3 : twists[i];
             symmetry_on_corner[x][s] = static_cast<std::uint16_t>(a_corner_pack(image));
         }
-        for (int t = 0; t < a_twist_count; t++)
-            a_corner_steps[x].after[t] = static_cast<std::uint16_t>(twist_on_corner_ptrs[t][x]);
     }
 }
 
@@ -124,8 +118,8 @@ void find_edge_images() {
                 image[edge_images[s][i]] = flags[i];
                 toggles[edge_images[s][i]] = s % 2 != 0 && flags[i] != (i >= 8);
             }
-            eloc_images[s][x] = static_cast<std::uint16_t>(a_eloc_pack(image));
-            eflip_toggles[s][x] = static_cast<std::uint16_t>(a_eflip_pack(toggles));
+            symmetry_on_eloc[x][s] = static_cast<std::uint16_t>(a_eloc_pack(image));
+            symmetry_toggles[s][x] = static_cast<std::uint16_t>(a_eflip_pack(toggles));
         }
         for (int x = 0; x < a_eflip_size; x++) {
             int flips[edge_count];
@@ -133,88 +127,87 @@ void find_edge_images() {
             a_eflip_unpack(x, flips);
             for (int i = 0; i < edge_count; i++)
                 image[edge_images[s][i]] = flips[i];
-            eflip_images[s][x] = static_cast<std::uint16_t>(a_eflip_pack(image));
+            symmetry_on_flips[s][x] = static_cast<std::uint16_t>(a_eflip_pack(image));
         }
     }
 }
 
-// Numbers the classes; of[a_edges] becomes its class and a symmetry to the representative.
-void find_classes(std::vector<class_step>& of) {
-    constexpr class_step none = {0, symmetry_count, 0};
-    of.assign(a_edges_size, none);
-    int inverse[symmetry_count];
-    for (int s = 0; s < symmetry_count; s++)
-        for (int r = 0; r < symmetry_count; r++)
-            if (symmetry_on_symmetry[r][s] == 0)
-                inverse[s] = r;
-    int found = 0;
-    for (int x = 0; x < a_edges_size; x++) {
-        if (of[x].symmetry != symmetry_count)
-            continue;
-        edge_class_edges[found] = x;
-        for (int s = 0; s < symmetry_count; s++) {
-            const int image = symmetry_on_edges(s, x);
-            of[image] = {static_cast<std::uint16_t>(found), static_cast<std::uint8_t>(inverse[s]),
-                         0};
-            edge_class_stabilizer[found] |= static_cast<std::uint16_t>((image == x) << s);
-        }
-        found++;
+// The rank of what becomes of a permutation of n things, position i of which goes to images[i].
+int image_of_perm(int n, const int* images, const int* perm) {
+    int image[corner_count];
+    conjugate_perm_n(n, perm, images, image);
+    return perm_n_pack(n, image);
+}
+
+void find_edgeperm_images() {
+    constexpr int layer_edges = 8;
+    // The three generators by the permutations, the others by looking up what two of those do.
+    int perm[layer_edges]; // of rank x
+    std::iota(perm, perm + layer_edges, 0);
+    for (int x = 0; x < b_edgeperm_size; x++, std::next_permutation(perm, perm + layer_edges)) {
+        symmetry_on_edgeperm[x][0] = static_cast<std::uint16_t>(x);
+        for (const int s : {1, 4, mirror_bit})
+            symmetry_on_edgeperm[x][s] =
+                static_cast<std::uint16_t>(image_of_perm(layer_edges, edge_images[s], perm));
+    }
+    for (auto& images : symmetry_on_edgeperm) {
+        images[2] = symmetry_on_edgeperm[images[1]][1];
+        images[3] = symmetry_on_edgeperm[images[2]][1];
+        for (int s = 5; s < mirror_bit; s++)
+            images[s] = symmetry_on_edgeperm[images[s - 4]][4];
+        for (int s = mirror_bit + 1; s < symmetry_count; s++)
+            images[s] = symmetry_on_edgeperm[images[s - mirror_bit]][mirror_bit];
     }
 }
 
-void find_class_steps(const std::vector<class_step>& of) {
-    for (int c = 0; c < edge_class_count; c++) {
-        const int eflip = edge_class_edges[c] / a_eloc_size;
-        const int eloc = edge_class_edges[c] % a_eloc_size;
-        for (int t = 0; t < a_twist_count; t++) {
-            const int x = twist_on_eflip_ptrs[t][eflip] * a_eloc_size + twist_on_eloc_ptrs[t][eloc];
-            edge_class_steps[c][t] = of[x];
-            edge_class_steps[c][t].distance = eflip_eloc_dist_table[x];
-        }
+void find_midperm_images() {
+    constexpr int slice_edges = 4;
+    for (int s = 0; s < symmetry_count; s++) {
+        int images[slice_edges];
+        for (int i = 0; i < slice_edges; i++)
+            images[i] = edge_images[s][8 + i] - 8;
+        int perm[slice_edges]; // of rank x
+        std::iota(perm, perm + slice_edges, 0);
+        for (int x = 0; x < b_midperm_size; x++, std::next_permutation(perm, perm + slice_edges))
+            symmetry_on_midperm[x][s] =
+                static_cast<std::uint8_t>(image_of_perm(slice_edges, images, perm));
     }
 }
 
 } // namespace
 
-constinit std::uint8_t symmetry_on_twist[symmetry_count][a_twist_count] = {};
+constinit std::uint8_t inverse_symmetry[symmetry_count] = {};
 constinit std::uint8_t symmetry_on_symmetry[symmetry_count][symmetry_count] = {};
+constinit std::uint8_t symmetry_on_twist[symmetry_count][a_twist_count] = {};
 constinit std::uint16_t symmetry_on_corner[a_corner_size][symmetry_count] = {};
-constinit int edge_class_edges[edge_class_count] = {};
-constinit std::uint16_t edge_class_stabilizer[edge_class_count] = {};
-constinit class_step edge_class_steps[edge_class_count][a_twist_count] = {};
-constinit corner_steps a_corner_steps[a_corner_size] = {};
-
-int symmetry_on_edges(int symmetry, int a_edges) {
-    const int eflip = a_edges / a_eloc_size;
-    const int eloc = a_edges % a_eloc_size;
-    const int image = eflip_images[symmetry][eflip] ^ eflip_toggles[symmetry][eloc];
-    return image * a_eloc_size + eloc_images[symmetry][eloc];
-}
-
-class_step classify_edges(int a_edges) {
-    int least = a_edges;
-    int symmetry = 0;
-    for (int s = 1; s < symmetry_count; s++) {
-        const int image = symmetry_on_edges(s, a_edges);
-        if (image < least) {
-            least = image;
-            symmetry = s;
-        }
-    }
-    const int* const found =
-        std::lower_bound(edge_class_edges, edge_class_edges + edge_class_count, least);
-    return {static_cast<std::uint16_t>(found - edge_class_edges),
-            static_cast<std::uint8_t>(symmetry), 0};
-}
+constinit std::uint16_t symmetry_on_eloc[a_eloc_size][symmetry_count] = {};
+constinit std::uint16_t symmetry_on_flips[symmetry_count][a_eflip_size] = {};
+constinit std::uint16_t symmetry_toggles[symmetry_count][a_eloc_size] = {};
+constinit std::uint16_t symmetry_on_edgeperm[b_edgeperm_size][symmetry_count] = {};
+constinit std::uint8_t symmetry_on_midperm[b_midperm_size][symmetry_count] = {};
+constinit symmetry_classes classes_of_cornerperm;
 
 void symmetry_tables_init() {
+    if (initialized)
+        return;
     find_face_images();
     find_position_images();
     find_twist_images();
     find_products();
     find_corner_images();
     find_edge_images();
-    std::vector<class_step> of;
-    find_classes(of);
-    find_class_steps(of);
+    initialized = true;
+}
+
+void symmetry_perm_tables_init() {
+    if (!classes_of_cornerperm.of.empty())
+        return;
+    symmetry_tables_init();
+    find_edgeperm_images();
+    find_midperm_images();
+    classes_of_cornerperm = sort_into_classes(cornerperm_size, all_symmetries, [](int s, int x) {
+        int perm[corner_count];
+        perm_n_unpack(corner_count, x, perm);
+        return image_of_perm(corner_count, corner_images[s], perm);
+    });
 }

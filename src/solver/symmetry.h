@@ -1,61 +1,90 @@
 // SPDX-License-Identifier: MIT
 //
-// symmetry: the sixteen symmetries of the cube that keep the U-D axis, and the classes into which
-// they sort what stage 1 sees of the edges.
+// symmetry: the sixteen symmetries of the cube that keep the U-D axis, what they make of every
+// coordinate, and the classes into which they sort the values of one.
 //
-// A cube seen in a mirror, or with another face in front, is as far from the subgroup as before. So
-// what is known of one cube is known of sixteen: a_eflip and a_eloc together take 1,013,760 values
-// but fall into 64,430 classes, and a state of stage 1 is, up to a symmetry, a class and an
-// a_corner. The search walks over such pairs and remembers by which symmetry the real cube differs.
+// A cube seen in a mirror, or with another face in front, is as far from the subgroup, or from
+// solved, as before. So what is known of one cube is known of sixteen: a table may be reckoned for
+// one value of each class, and a sieve need hold no more.
 //
-// State     the tables below: filled by symmetry_tables_init, constant afterwards; 5 MB.
+// State     the tables below: filled by the two init functions, constant afterwards; 1.7 MB.
 // Units     a symmetry 0..15 is q + 4 * h + 8 * m: first q quarter turns of the cube about U-D (F
 //           to L), then h half turns about F-B, then m mirrorings that exchange L and R. 0 changes
-//           nothing. a_edges = a_eloc_size * a_eflip + a_eloc.
-// Callers   near1, search.
-// Order     symmetry_tables_init after the move tables of phase1.
+//           nothing. Sets of symmetries are masks, bit s for symmetry s.
+// Range     nothing is checked: symmetries and values must be good.
+// Callers   edgeclass, near1, near2, pruning, search.
+// Order     the init functions after the move tables of phase1 and phase2.
 #pragma once
 
-#include "solver/phase1.h"
+#include "solver/phase2.h"
 
 #include <cstddef>
 #include <cstdint>
+#include <vector>
 
 constexpr int symmetry_count = 16;
-constexpr int a_edges_size = a_eflip_size * a_eloc_size;
-constexpr int edge_class_count = 64430;
+constexpr unsigned all_symmetries = 0xFFFF;
+constexpr unsigned even_symmetries = 0x5555; // those that keep the F-B axis, too
+
+// Each does nothing when it has been done.
+void symmetry_tables_init();      // what concerns stage 1
+void symmetry_perm_tables_init(); // permutations as well
 
 // What a symmetry makes of a thing
 
-extern std::uint8_t symmetry_on_twist[symmetry_count][a_twist_count];     // of a twist
+extern std::uint8_t inverse_symmetry[symmetry_count];
 extern std::uint8_t symmetry_on_symmetry[symmetry_count][symmetry_count]; // [b][a]: first a, then b
-extern std::uint16_t symmetry_on_corner[a_corner_size][symmetry_count];   // of an a_corner; 70 kB
-int symmetry_on_edges(int symmetry, int a_edges);
+extern std::uint8_t symmetry_on_twist[symmetry_count][a_twist_count];     // ORDER TWIST
+extern std::uint16_t symmetry_on_corner[a_corner_size][symmetry_count];
+extern std::uint16_t symmetry_on_eloc[a_eloc_size][symmetry_count];
+extern std::uint16_t symmetry_on_edgeperm[b_edgeperm_size][symmetry_count]; // 1.3 MB
+extern std::uint8_t symmetry_on_midperm[b_midperm_size][symmetry_count];
 
-// Classes. The representative of a class is its least a_edges; classes are numbered in that order.
+// Of an a_eflip, first as it is, then which flips change with that. Flipped or not is defined by
+// the F and B faces; seen with L and R in their place, exactly the edges that stand in the slice
+// but do not belong there, or the other way, change their name.
+extern std::uint16_t symmetry_on_flips[symmetry_count][a_eflip_size];
+extern std::uint16_t symmetry_toggles[symmetry_count][a_eloc_size]; // all 0 for even_symmetries
 
-extern int edge_class_edges[edge_class_count];                // the representative
-extern std::uint16_t edge_class_stabilizer[edge_class_count]; // symmetries that keep it, bit by bit
+inline int symmetry_on_eflip(int symmetry, int eloc, int eflip) {
+    return symmetry_on_flips[symmetry][eflip] ^ symmetry_toggles[symmetry][eloc];
+}
 
-// A representative after a twist: which class that is, and which symmetry takes it to the
-// representative there.
-struct class_step {
-    std::uint16_t edge_class;
-    std::uint8_t symmetry;
-    std::uint8_t distance; // of that class from the goal, by the eflip_eloc distances
+// Classes of a coordinate, numbered in the order of their least values, the representatives.
+
+struct class_place {
+    std::uint16_t number;  // of the class
+    std::uint8_t symmetry; // takes the value to the representative
 };
 
-// A row holds all the children of a state within two cache lines. 4.6 MB.
-extern class_step edge_class_steps[edge_class_count][a_twist_count]; // ORDER TWIST
-
-// Move table of a_corner turned round: one cache line a value. 140 kB.
-struct alignas(64) corner_steps {
-    std::uint16_t after[a_twist_count]; // ORDER TWIST
+struct symmetry_classes {
+    std::vector<int> representatives;      // by class
+    std::vector<std::uint16_t> stabilizer; // by class: the symmetries that keep the representative
+    std::vector<class_place> of;           // by value
 };
 
-extern corner_steps a_corner_steps[a_corner_size];
+extern symmetry_classes classes_of_cornerperm; // 2768
 
-// The class of a_edges, and a symmetry that takes it to the representative.
-class_step classify_edges(int a_edges);
-
-void symmetry_tables_init();
+// Sorts 0..size-1 into classes by some symmetries, a mask closed under products. image(s, x) is
+// what symmetry s makes of x.
+template <typename image_function>
+symmetry_classes sort_into_classes(int size, unsigned symmetries, image_function image) {
+    constexpr class_place nowhere = {0, symmetry_count};
+    symmetry_classes sorted;
+    sorted.of.assign(static_cast<std::size_t>(size), nowhere);
+    for (int x = 0; x < size; x++) {
+        if (sorted.of[static_cast<std::size_t>(x)].symmetry != symmetry_count)
+            continue;
+        const auto number = static_cast<std::uint16_t>(sorted.representatives.size());
+        unsigned keep = 0;
+        for (int s = 0; s < symmetry_count; s++)
+            if (symmetries >> s & 1) {
+                const int y = image(s, x);
+                sorted.of[static_cast<std::size_t>(y)] = {number, inverse_symmetry[s]};
+                keep |= static_cast<unsigned>(y == x) << s;
+            }
+        sorted.representatives.push_back(x);
+        sorted.stabilizer.push_back(static_cast<std::uint16_t>(keep));
+    }
+    return sorted;
+}

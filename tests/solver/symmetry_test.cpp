@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "solver/pruning.h"
+#include "solver/perms.h"
 #include "solver/symmetry.h"
 
-#include <algorithm>
 #include <bit>
 #include <gtest/gtest.h>
 
@@ -16,14 +15,16 @@ class Symmetry : public testing::Test {
         is_stage2_twist_init(is_stage2_twist);
         twist_sequences_init(twist_list_table, a_twist_list_ptrs, b_twist_list_ptrs);
         transformation_tables_init();
-        a_eflip_eloc_dist_init(eflip_eloc_dist_table, eflip_eloc_dist_ptrs);
-        symmetry_tables_init();
+        symmetry_perm_tables_init();
     }
 };
 
-int edges_after(int t, int x) {
-    return twist_on_eflip_ptrs[t][x / a_eloc_size] * a_eloc_size +
-           twist_on_eloc_ptrs[t][x % a_eloc_size];
+// A twist of stage 2 as a symmetry sees it.
+int b_image(int s, int t) {
+    for (int image = 0; image < b_twist_count; image++)
+        if (b_to_a_twist[image] == symmetry_on_twist[s][b_to_a_twist[t]])
+            return image;
+    return -1;
 }
 
 } // namespace
@@ -36,16 +37,38 @@ TEST_F(Symmetry, TurningAndThenSeeingIsSeeingAndThenTurningTheImage) {
             for (int x = 0; x < a_corner_size; x++)
                 ASSERT_EQ(symmetry_on_corner[twist_on_corner_ptrs[t][x]][s],
                           twist_on_corner_ptrs[image][symmetry_on_corner[x][s]]);
-            for (int x = s; x < a_edges_size; x += 11)
-                ASSERT_EQ(symmetry_on_edges(s, edges_after(t, x)),
-                          edges_after(image, symmetry_on_edges(s, x)));
+            for (int x = 0; x < a_eloc_size; x++)
+                ASSERT_EQ(symmetry_on_eloc[twist_on_eloc_ptrs[t][x]][s],
+                          twist_on_eloc_ptrs[image][symmetry_on_eloc[x][s]]);
+            for (int x = 0; x < a_eflip_size; x++)
+                for (int eloc = (x + s + t) % 11; eloc < a_eloc_size; eloc += 11)
+                    ASSERT_EQ(symmetry_on_eflip(s, twist_on_eloc_ptrs[t][eloc],
+                                                twist_on_eflip_ptrs[t][x]),
+                              twist_on_eflip_ptrs[image][symmetry_on_eflip(s, eloc, x)]);
+        }
+}
+
+TEST_F(Symmetry, SoItIsWithThePermutationsOfTheSubgroup) {
+    for (int s = 0; s < symmetry_count; s++)
+        for (int t = 0; t < b_twist_count; t++) {
+            const int image = b_image(s, t);
+            ASSERT_GE(image, 0);
+            for (int x = 0; x < b_edgeperm_size; x++)
+                ASSERT_EQ(symmetry_on_edgeperm[twist_on_edgeperm_ptrs[t][x]][s],
+                          twist_on_edgeperm_ptrs[image][symmetry_on_edgeperm[x][s]]);
+            for (int x = 0; x < b_midperm_size; x++)
+                ASSERT_EQ(symmetry_on_midperm[twist_on_midperm_ptrs[t][x]][s],
+                          twist_on_midperm_ptrs[image][symmetry_on_midperm[x][s]]);
         }
 }
 
 TEST_F(Symmetry, TheGoalIsKept) {
     for (int s = 0; s < symmetry_count; s++) {
         EXPECT_EQ(symmetry_on_corner[0][s], 0);
-        EXPECT_EQ(symmetry_on_edges(s, a_eloc_goal), a_eloc_goal);
+        EXPECT_EQ(symmetry_on_eloc[a_eloc_goal][s], a_eloc_goal);
+        EXPECT_EQ(symmetry_on_eflip(s, a_eloc_goal, 0), 0);
+        EXPECT_EQ(symmetry_on_edgeperm[0][s], 0);
+        EXPECT_EQ(symmetry_on_midperm[0][s], 0);
     }
 }
 
@@ -53,36 +76,69 @@ TEST_F(Symmetry, ProductsActOneAfterTheOther) {
     for (int a = 0; a < symmetry_count; a++)
         for (int b = 0; b < symmetry_count; b++) {
             const int product = symmetry_on_symmetry[b][a];
-            for (int x = 0; x < a_corner_size; x += 5)
+            for (int x = 0; x < a_corner_size; x++)
                 ASSERT_EQ(symmetry_on_corner[x][product],
                           symmetry_on_corner[symmetry_on_corner[x][a]][b]);
-            for (int x = 1; x < a_edges_size; x += 4999)
-                ASSERT_EQ(symmetry_on_edges(product, x),
-                          symmetry_on_edges(b, symmetry_on_edges(a, x)));
+            for (int x = 0; x < b_edgeperm_size; x += 5)
+                ASSERT_EQ(symmetry_on_edgeperm[x][product],
+                          symmetry_on_edgeperm[symmetry_on_edgeperm[x][a]][b]);
+            for (int x = 0; x < b_midperm_size; x++)
+                ASSERT_EQ(symmetry_on_midperm[x][product],
+                          symmetry_on_midperm[symmetry_on_midperm[x][a]][b]);
         }
 }
 
-TEST_F(Symmetry, TheClassesPartTheEdges) {
-    int total = 0;
-    for (int c = 0; c < edge_class_count; c++)
-        total += symmetry_count / std::popcount(edge_class_stabilizer[c]);
-    EXPECT_EQ(total, a_edges_size);
-    EXPECT_TRUE(std::is_sorted(std::begin(edge_class_edges), std::end(edge_class_edges)));
-}
-
-TEST_F(Symmetry, EveryValueIsClassifiedToItsRepresentative) {
-    for (int x = 0; x < a_edges_size; x += 3) {
-        const class_step step = classify_edges(x);
-        ASSERT_EQ(symmetry_on_edges(step.symmetry, x), edge_class_edges[step.edge_class]);
+TEST_F(Symmetry, AnInverseTakesBackWhatASymmetryDoes) {
+    for (int s = 0; s < symmetry_count; s++) {
+        EXPECT_EQ(symmetry_on_symmetry[inverse_symmetry[s]][s], 0);
+        EXPECT_EQ(symmetry_on_symmetry[s][inverse_symmetry[s]], 0);
     }
 }
 
-TEST_F(Symmetry, StepsLeadToTheImageOfTheTurnedRepresentative) {
-    for (int c = 0; c < edge_class_count; c++)
-        for (int t = 0; t < a_twist_count; t++) {
-            const class_step step = edge_class_steps[c][t];
-            const int after = edges_after(t, edge_class_edges[c]);
-            ASSERT_EQ(symmetry_on_edges(step.symmetry, after), edge_class_edges[step.edge_class]);
-            ASSERT_EQ(step.distance, eflip_eloc_dist_table[after]);
+TEST_F(Symmetry, EvenSymmetriesLeaveFlipsToThemselves) {
+    for (int s = 0; s < symmetry_count; s++)
+        for (const unsigned toggles : symmetry_toggles[s])
+            ASSERT_TRUE((even_symmetries >> s & 1) == 0 || toggles == 0);
+}
+
+TEST_F(Symmetry, TheClassesPartTheCornerPermutations) {
+    const symmetry_classes& classes = classes_of_cornerperm;
+    EXPECT_EQ(classes.representatives.size(), 2768);
+    int total = 0;
+    for (const unsigned keep : classes.stabilizer)
+        total += symmetry_count / std::popcount(keep);
+    EXPECT_EQ(total, cornerperm_size);
+}
+
+// A class is closed under the twists' symmetries: what a twist makes of two members are members of
+// one class again, by the twist's images. That ties classes to the move table.
+TEST_F(Symmetry, MembersOfAClassTurnIntoMembersOfAClass) {
+    const auto& of = classes_of_cornerperm.of;
+    for (int x = 0; x < cornerperm_size; x++) {
+        const class_place place = of[x];
+        const int representative = classes_of_cornerperm.representatives[place.number];
+        for (int t = 0; t < b_twist_count; t++)
+            ASSERT_EQ(
+                of[b_twist_on_cornerperm_ptrs[t][x]].number,
+                of[b_twist_on_cornerperm_ptrs[b_image(place.symmetry, t)][representative]].number);
+    }
+}
+
+TEST_F(Symmetry, SortingFindsTheLeastValueAndAWayToIt) {
+    const auto image = [](int s, int x) { return int{symmetry_on_edgeperm[x][s]}; };
+    for (const unsigned symmetries : {all_symmetries, even_symmetries, 1u}) {
+        const symmetry_classes classes = sort_into_classes(b_edgeperm_size, symmetries, image);
+        for (int x = 0; x < b_edgeperm_size; x++) {
+            const class_place place = classes.of[x];
+            const int representative = classes.representatives[place.number];
+            ASSERT_LE(representative, x);
+            ASSERT_TRUE(symmetries >> place.symmetry & 1);
+            ASSERT_EQ(image(place.symmetry, x), representative);
         }
+        for (std::size_t i = 0; i < classes.representatives.size(); i++)
+            for (int s = 0; s < symmetry_count; s++)
+                ASSERT_EQ(classes.stabilizer[i] >> s & 1,
+                          (symmetries >> s & 1) != 0 &&
+                              image(s, classes.representatives[i]) == classes.representatives[i]);
+    }
 }

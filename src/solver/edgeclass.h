@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+//
+// edgeclass: stage 1's view of the edges up to symmetry.
+//
+// a_eflip and a_eloc together take 1,013,760 values, which the sixteen symmetries sort into 64,430
+// classes. A state of stage 1 is, up to a symmetry, a class and an a_corner; the search walks over
+// such pairs and remembers by which symmetry the real cube differs.
+//
+// State     the tables below: filled by edge_classes_init, constant afterwards; 5 MB.
+// Units     a_edges = a_eloc_size * a_eflip + a_eloc. The representative of a class is its least
+//           a_edges; classes are numbered in that order.
+// Callers   near1, search.
+// Order     edge_classes_init after symmetry_tables_init and the distances of eflip_eloc.
+#pragma once
+
+#include "solver/symmetry.h"
+
+constexpr int a_edges_size = a_eflip_size * a_eloc_size;
+constexpr int edge_class_count = 64430;
+
+extern int edge_class_edges[edge_class_count];                // the representative
+extern std::uint16_t edge_class_stabilizer[edge_class_count]; // symmetries that keep it, bit by bit
+
+// A representative after a twist: which class that is, and which symmetry takes it to the
+// representative there.
+struct class_step {
+    std::uint16_t edge_class;
+    std::uint8_t symmetry;
+    std::uint8_t distance; // of that class from the goal, by the eflip_eloc distances
+};
+
+// A row holds all the children of a state within two cache lines. 4.6 MB.
+extern class_step edge_class_steps[edge_class_count][a_twist_count]; // ORDER TWIST
+
+// Move table of a_corner turned round: one cache line a value. 140 kB.
+struct alignas(64) corner_steps {
+    std::uint16_t after[a_twist_count]; // ORDER TWIST
+};
+
+extern corner_steps a_corner_steps[a_corner_size];
+
+int symmetry_on_edges(int symmetry, int a_edges);
+
+// The class of a_edges, and a symmetry that takes it to the representative. The distance is 0.
+class_step classify_edges(int a_edges);
+
+void edge_classes_init();
