@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "solver/near1.h"
 
+#include "solver/numberset.h"
+
 #include <algorithm>
 #include <bit>
 #include <cassert>
@@ -31,29 +33,9 @@ struct start {
 
 using layer = std::vector<start>; // of one length
 
-// The starts of a layer, each once: a hash table with linear probing.
-class start_set {
-  public:
-    explicit start_set(std::size_t log_size)
-        : shift(static_cast<int>(32 - log_size)), entries(std::size_t{1} << log_size, none) {}
-
-    // false if it is there already
-    bool insert(start x) {
-        const auto number =
-            static_cast<std::uint32_t>(near1_number(x.edge_class, x.corner, x.face, 0));
-        std::size_t i = number * 0x9E3779B9u >> shift;
-        while (entries[i] != none && entries[i] != number)
-            i = (i + 1) % entries.size();
-        const bool fresh = entries[i] == none;
-        entries[i] = number;
-        return fresh;
-    }
-
-  private:
-    static constexpr std::uint32_t none = 0xFFFFFFFF;
-    int shift;
-    std::vector<std::uint32_t> entries;
-};
+std::uint32_t start_number(start x) {
+    return static_cast<std::uint32_t>(near1_number(x.edge_class, x.corner, x.face, 0));
+}
 
 // Calls visit for each start from which one twist of the cost leads to x. The symmetries of a class
 // make several out of one.
@@ -72,25 +54,26 @@ template <typename visitor> void for_each_before(start x, int cost, visitor visi
     }
 }
 
-// Enters the state of a start into the sieve of its length.
-void enter(start x, int length) {
+// Enters the state of a start into the sieve of its length, which the filler fills.
+void enter(sieve_filler& filler, start x, int length) {
     if (length > near1_by_face) {
-        sieve_add(near1_sieves[length], near1_number(x.edge_class, x.corner, 0, length));
+        filler.add(near1_number(x.edge_class, x.corner, 0, length));
         return;
     }
     for (int last = 0; last < twist_face_count; last++)
         if (last != x.face)
-            sieve_add(near1_sieves[length], near1_number(x.edge_class, x.corner, last, length));
+            filler.add(near1_number(x.edge_class, x.corner, last, length));
 }
 
 // The starts of a length from those of the two lengths before.
 layer next_layer(const layer& one_less, const layer& two_less, int length) {
     layer found;
-    start_set seen(length < 6 ? 12 : length == 6 ? 17 : 20);
+    number_set seen(length < 6 ? 12 : length == 6 ? 17 : 20);
+    sieve_filler filler(near1_sieves[length]);
     const auto visit = [&](start x) {
-        if (seen.insert(x)) {
+        if (seen.insert(start_number(x))) {
             found.push_back(x);
-            enter(x, length);
+            enter(filler, x, length);
         }
     };
     for (const start x : one_less)
@@ -128,12 +111,13 @@ void near1_extend(int length) {
         sieve_add(near1_sieves[0], near1_number(goal.edge_class, goal.corner, face, 0));
     // 2. Length 1: those quarter turns back; up and down are not among them.
     layer one_less, two_less;
+    sieve_filler first_filler(near1_sieves[1]);
     for (const int not_this : {2, 5})
         for_each_before({goal.edge_class, goal.corner, static_cast<std::uint8_t>(not_this)}, 1,
                         [&](start x) {
                             if (x.edge_class != goal.edge_class) {
                                 one_less.push_back(x);
-                                enter(x, 1);
+                                enter(first_filler, x, 1);
                             }
                         });
     // 3. The lengths that are kept.
@@ -143,15 +127,18 @@ void near1_extend(int length) {
         one_less = std::move(next);
     }
     // 4. The greater ones are not walked from again, so that a state may come more than once.
+    sieve_filler last_filler(near1_sieves[last]);
+    sieve_filler greatest_filler(near1_sieves[near1_greatest]);
+    const auto enter_greatest = [&](start x) { enter(greatest_filler, x, near1_greatest); };
     const auto enter_last = [&](start x) {
-        enter(x, last);
+        enter(last_filler, x, last);
         if (length > last)
-            for_each_before(x, 1, [](start y) { enter(y, near1_greatest); });
+            for_each_before(x, 1, enter_greatest);
     };
     for (const start x : one_less) {
         for_each_before(x, 1, enter_last);
         if (length > last)
-            for_each_before(x, 2, [](start y) { enter(y, near1_greatest); });
+            for_each_before(x, 2, enter_greatest);
     }
     for (const start x : two_less)
         for_each_before(x, 2, enter_last);

@@ -1,13 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "solver/near2.h"
 
+#include "solver/numberset.h"
+
 #include <algorithm>
+#include <bit>
 #include <cassert>
+#include <vector>
 
 namespace {
 
-// Room by half the radius; some 16 bits a member and more.
-constexpr int log_words[] = {6, 6, 6, 10, 13, 16, 19};
+// Room by half the radius; some 30 bits a member and more.
+constexpr int log_words[] = {6, 6, 6, 8, 10, 13, 16, 19};
 
 constexpr int words_before(int half) {
     int words = 0;
@@ -20,24 +24,43 @@ constexpr int words_before(int half) {
 
 std::uint64_t words[words_before(near2_greatest / 2 + 1)];
 
+// A state as the representative of its cornerperm sees it.
 struct state {
-    int sequence, cornerperm, edgeperm, midperm;
+    std::uint16_t corner_class, edgeperm;
+    std::uint8_t midperm;
 };
 
-// Enters a state into the sieves that are not filled yet, and all that is made of it by twists of
-// up to radius in all. No sequence is walked in two spellings; states that are made by two come
-// twice.
-void enter_all(const state& x, int distance, int radius) {
-    for (int half = std::max(near2_radius / 2 + 1, (distance + 1) / 2); half <= radius / 2; half++)
-        sieve_add(near2_sieves[half], near2_number(x.cornerperm, x.edgeperm, x.midperm));
+using layer = std::vector<state>;
+
+std::uint32_t number_of(state x) {
+    return (std::uint32_t{x.corner_class} * b_midperm_size + x.midperm) * b_edgeperm_size +
+           x.edgeperm;
+}
+
+// Calls visit for each state to which one of the twists of a cost leads. The symmetries of a
+// representative make several out of one.
+template <typename visitor> void for_each_next(state x, int cost, visitor visit) {
+    const b_steps& corners = b_corner_steps[classes_of_cornerperm.representatives[x.corner_class]];
+    const b_steps& edges = b_edge_steps[x.edgeperm];
     for (int t = 0; t < b_twist_count; t++) {
-        const int sequence = b_twist_list_ptrs[t][x.sequence];
-        if (sequence == forbidden_state || distance + b_metric_length[t] > radius)
+        if (b_metric_length[t] != cost)
             continue;
-        enter_all({sequence, b_corner_steps[x.cornerperm].after[t],
-                   b_edge_steps[x.edgeperm].after[t], twist_on_midperm_ptrs[t][x.midperm]},
-                  distance + b_metric_length[t], radius);
+        const class_place to = classes_of_cornerperm.of[corners.after[t]];
+        const int edgeperm = symmetry_on_edgeperm[edges.after[t]][to.symmetry];
+        const int midperm = symmetry_on_midperm[twist_on_midperm_ptrs[t][x.midperm]][to.symmetry];
+        for (unsigned rest = classes_of_cornerperm.stabilizer[to.number]; rest != 0;
+             rest &= rest - 1) {
+            const int s = std::countr_zero(rest);
+            visit(state{to.number, symmetry_on_edgeperm[edgeperm][s],
+                        symmetry_on_midperm[midperm][s]});
+        }
     }
+}
+
+// Enters a state at a distance, or nearer, into the sieves that are not filled yet.
+void enter(state x, int distance, int radius) {
+    for (int half = std::max(near2_radius / 2 + 1, (distance + 1) / 2); half <= radius / 2; half++)
+        sieve_add(near2_sieves[half], number_of(x));
 }
 
 } // namespace
@@ -53,6 +76,7 @@ constexpr sieve near2_sieves[] = {
     {words + words_before(4), log_words[4]},
     {words + words_before(5), log_words[5]},
     {words + words_before(6), log_words[6]},
+    {words + words_before(7), log_words[7]},
 };
 
 constinit int near2_radius = -2;
@@ -66,9 +90,39 @@ void near2_tables_init() {
 }
 
 void near2_extend(int radius) {
-    assert(radius <= near2_greatest && radius % 2 == 0);
+    assert(radius == near2_ordinary || radius == near2_greatest);
     if (radius <= near2_radius)
         return;
-    enter_all({start_state, 0, 0, 0}, 0, radius);
+    // 1. Layers of states not met before, from the solved cube outwards.
+    constexpr int log_members = 18; // twice as many as lie within near2_ordinary
+    number_set seen(log_members);
+    layer layers[near2_ordinary + 1];
+    for (int d = 0; d <= near2_ordinary; d++) {
+        const auto visit = [&](state x) {
+            if (seen.insert(number_of(x))) {
+                layers[d].push_back(x);
+                enter(x, d, radius);
+            }
+        };
+        if (d == 0)
+            visit({0, 0, 0});
+        for (int cost = 1; cost <= 2 && cost <= d; cost++)
+            for (const state x : layers[d - cost])
+                for_each_next(x, cost, visit);
+    }
+    // 2. The last two are not walked from again, so that a state may come more than once.
+    const auto enter_14 = [&](state x) { enter(x, 14, radius); };
+    const auto enter_13 = [&](state x) {
+        enter(x, 13, radius);
+        for_each_next(x, 1, enter_14);
+    };
+    if (radius > near2_ordinary) {
+        for (const state x : layers[12]) {
+            for_each_next(x, 1, enter_13);
+            for_each_next(x, 2, enter_14);
+        }
+        for (const state x : layers[11])
+            for_each_next(x, 2, enter_13);
+    }
     near2_radius = radius;
 }

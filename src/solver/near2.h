@@ -5,21 +5,23 @@
 //
 // The distance tables of stage 2 each forget half of the edges or all corners, and cut late. But
 // the ten twists make few cubes of few quarter turns: of 19.5 billion states 0.2 million lie within
-// 10 and 1.9 million within 12. They are enumerated by walking all sequences of twists from the
-// solved cube and kept in sieves. One serves two lengths: a state's distance is even or odd as the
-// length that is left, so that within 12 means within 11 where 11 are left.
+// 10, 1.9 million within 12, some 19 million within 14, and up to symmetry a sixteenth of that. They
+// are enumerated from the solved cube outwards and kept in sieves. One serves two lengths: a
+// state's distance is even or odd as the length that is left, so that within 12 means within 11
+// where 11 are left.
 //
 // State     the tables, zeros at first, and the radius up to which the sieves are filled.
-// Memory    2.6 MB of move tables; sieves of 0.6 MB up to radius 10, 4 MB more for 12.
-// Callers   search; solver fills the sieves up to 10.
-// Order     near2_tables_init after the move tables of phase2, then near2_extend.
+// Memory    2.8 MB of move tables and images; sieves of 0.6 MB up to radius 12, 4 MB more for 14.
+// Units     a state is seen by the symmetry that takes its cornerperm to the representative.
+// Callers   search; solver fills the sieves up to 12.
+// Order     near2_tables_init after symmetry_perm_tables_init, then near2_extend.
 #pragma once
 
-#include "solver/phase2.h"
 #include "solver/sieve.h"
+#include "solver/symmetry.h"
 
-constexpr int near2_ordinary = 10; // radius that pays for any search
-constexpr int near2_greatest = 12; // largest radius there is room for; radii are even
+constexpr int near2_ordinary = 12; // radius that pays for any search
+constexpr int near2_greatest = 14; // largest radius there is room for; radii are even
 
 // Move tables turned round: all that can become of a value in half a cache line.
 struct alignas(32) b_steps {
@@ -34,15 +36,18 @@ void near2_tables_init();
 extern const sieve near2_sieves[near2_greatest / 2 + 1]; // by half the radius
 extern int near2_radius;                                 // filled up to this; -2 at first
 
-// Fills the sieves up to a radius, even, up to near2_greatest; does nothing if they are. 10 takes
-// 3 ms, 12 takes 40 ms.
+// Fills the sieves up to a radius, near2_ordinary or near2_greatest; does nothing if they are. 12
+// takes 10 ms, 14 takes 0.1 s.
 void near2_extend(int radius);
 
-inline std::uint64_t near2_number(int cornerperm, int edgeperm, int midperm) {
-    return (static_cast<std::uint64_t>(cornerperm) * b_midperm_size +
-            static_cast<std::uint64_t>(midperm)) *
+// A state as a number, the same for all that the symmetries make of it: below 2^32. Where a
+// representative is kept by several symmetries a state has several numbers, and all are members.
+inline std::uint32_t near2_number(int cornerperm, int edgeperm, int midperm) {
+    const class_place place = classes_of_cornerperm.of[static_cast<std::size_t>(cornerperm)];
+    const std::uint32_t corners = place.number;
+    return (corners * b_midperm_size + symmetry_on_midperm[midperm][place.symmetry]) *
                b_edgeperm_size +
-           static_cast<std::uint64_t>(edgeperm);
+           symmetry_on_edgeperm[edgeperm][place.symmetry];
 }
 
 // false if the state is certainly more than distance quarter turns from solved. distance is 0 or

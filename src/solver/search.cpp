@@ -13,16 +13,15 @@
 
 namespace {
 
-// A stage-2 search that must go so much farther than the sieves reach repays larger ones.
-constexpr int near2_patience = 9;
-
-// Nodes just outside the stage-1 sieves whose visits cost as much as the next sieve.
+// Nodes just outside the sieves whose visits cost as much as the next sieve.
 constexpr long long near1_patience = 1'500'000;
+constexpr long long near2_patience = 500'000;
 
 // State
 
-long long frontier_visits; // of such nodes, in all searches
-int clicks;                // calls of testclick since it asked, 0..70000
+long long near1_visits; // of such nodes, in all searches
+long long near2_visits;
+int clicks; // calls of testclick since it asked, 0..70000
 
 // The edge cubies that each sliceedge follows, labelled 1..4 in this order. ORDER CUBIE
 constexpr int marked_edges[3][4] = {
@@ -124,7 +123,7 @@ void repay_near1(int depth) {
     long long expected = 1;
     for (int length = near1_ordinary + 1; length < depth; length++)
         expected *= 9;
-    if (near1_length == near1_ordinary && frontier_visits + expected > near1_patience)
+    if (near1_length == near1_ordinary && near1_visits + expected > near1_patience)
         near1_extend(near1_greatest);
 }
 
@@ -220,7 +219,7 @@ int stage1_search(a_node* stack) {
             if (testclick())
                 return 0;
             a_node_count++;
-            frontier_visits += node->remaining == near1_ordinary + 1;
+            near1_visits += node->remaining == near1_ordinary + 1;
             level.count = level.next = 0;
             if (node->remaining == 0) {
                 // 2. In the subgroup. No solution can be better than one that stage 2 adds nothing
@@ -278,7 +277,7 @@ void stage2_solve(const a_node* stage1_stack) {
         return;
     // 4. Length by length; a solution lowers the allotment.
     for (int e = std::max(mid_corner, mid_edge); e <= stage2_allotment; e += increment) {
-        if (e - near2_radius > near2_patience)
+        if (near2_visits > near2_patience)
             near2_extend(near2_greatest);
         if (!near2_within(cornerperm, edgeperm, midperm, e))
             continue;
@@ -320,6 +319,7 @@ void stage2_search(const a_node* stage1_stack, b_node* stage2_stack) {
         // 3. Down or up.
         if (taken) {
             b_node_count++;
+            near2_visits += next->remaining > near2_ordinary && next->remaining <= near2_greatest;
             node = next;
             node[1].twist = -1;
         } else {
