@@ -30,22 +30,25 @@ template <typename image_function, typename x_entry, typename y_entry> class cla
                const std::vector<int>& twist_list)
         : classes(sorted_classes), y_size(other_size), image(other_image), x_moves(moves_of_x),
           y_moves(moves_of_y), lengths(twist_lengths), twists(twist_list),
-          cells(classes.representatives.size() * static_cast<std::size_t>(y_size), unreached) {}
+          cells(classes.representatives.size() * static_cast<std::size_t>(y_size), unreached),
+          found(static_cast<std::size_t>(y_size)) {}
 
     // Layers, from the goal outwards. Row by row, so that what a twist writes to lies in one row.
     void run(int goal_x, int goal_y) {
         const class_place goal = classes.of[static_cast<std::size_t>(goal_x)];
-        enter(goal.number, image(goal.symmetry, goal_x, goal_y), 0);
-        std::vector<int> found(static_cast<std::size_t>(y_size));
-        for (int d = 0; d <= farthest; d++)
-            for (int number = 0; number < static_cast<int>(classes.representatives.size());
-                 number++) {
-                const int count = find_in_row(number, d, found.data());
-                if (count == 0)
-                    continue;
-                for (const int t : twists)
-                    reach(number, found.data(), count, t, d + lengths[t]);
-            }
+        left = static_cast<int>(cells.size());
+        enter(row_of(goal.number)[image(goal.symmetry, goal_x, goal_y)], 0);
+        const int rows = static_cast<int>(classes.representatives.size());
+        for (int d = 0; left > 0 && d < unreached; d++) {
+            for (int number = 0; number < rows; number++)
+                complete(number, d);
+            const bool many = left > rows * y_size / 2;
+            for (int number = 0; number < rows; number++)
+                if (many)
+                    walk_from(number, d);
+                else
+                    walk_back(number, d + 1);
+        }
     }
 
     // Writes the least cost of every (x, y) to table[x * x_stride + y * y_stride].
@@ -59,42 +62,64 @@ template <typename image_function, typename x_entry, typename y_entry> class cla
     }
 
   private:
-    // Lists the states of a row that are at a distance.
-    int find_in_row(int number, int d, int* found) const {
-        const std::uint8_t* const row = cells.data() + number * y_size;
+    std::uint8_t* row_of(int number) { return cells.data() + number * y_size; }
+
+    // A representative that looks the same from elsewhere is as far from there.
+    void complete(int number, int d) {
+        std::uint8_t* const row = row_of(number);
+        const auto at = static_cast<std::size_t>(number);
+        for (unsigned rest = classes.stabilizer[at] & ~1u; rest != 0; rest &= rest - 1)
+            for (int y = 0; y < y_size; y++)
+                if (row[y] == d)
+                    enter(row[image(std::countr_zero(rest), classes.representatives[at], y)], d);
+    }
+
+    // All twists from the states of a row that are at distance d.
+    void walk_from(int number, int d) {
+        const std::uint8_t* const row = row_of(number);
+        const int x = classes.representatives[static_cast<std::size_t>(number)];
         int count = 0;
         for (int y = 0; y < y_size; y++) {
-            found[count] = y;
+            found[static_cast<std::size_t>(count)] = y;
             count += row[y] == d;
         }
-        return count;
-    }
-
-    // One twist from the listed states of a row. All lead into the same one.
-    void reach(int number, const int* found, int count, int t, int d) {
-        const int x = x_moves[t][classes.representatives[static_cast<std::size_t>(number)]];
-        const class_place to = classes.of[static_cast<std::size_t>(x)];
-        // A representative that looks the same from elsewhere is reached there, too.
-        const int representative = classes.representatives[to.number];
-        const unsigned others = classes.stabilizer[to.number] & ~1u;
-        const y_entry* const moves = y_moves[t];
-        for (int i = 0; i < count; i++) {
-            const int y = image(to.symmetry, x, moves[found[i]]);
-            if (!enter(to.number, y, d))
-                continue;
-            for (unsigned rest = others; rest != 0; rest &= rest - 1)
-                enter(to.number, image(std::countr_zero(rest), representative, y), d);
+        // A twist takes all of them into one row.
+        for (const int t : twists) {
+            const int x_after = x_moves[t][x];
+            const class_place to = classes.of[static_cast<std::size_t>(x_after)];
+            std::uint8_t* const to_row = row_of(to.number);
+            for (int i = 0; i < count; i++) {
+                const int y_after = y_moves[t][found[static_cast<std::size_t>(i)]];
+                enter(to_row[image(to.symmetry, x_after, y_after)], d + lengths[t]);
+            }
         }
     }
 
-    // false if it was no farther before
-    bool enter(int number, int y, int d) {
-        std::uint8_t& cell = cells[static_cast<std::size_t>(number * y_size + y)];
+    // When few are left it is quicker to ask each of them for a neighbour in the right layer. The
+    // twists' inverses are among the twists.
+    void walk_back(int number, int d) {
+        std::uint8_t* const row = row_of(number);
+        const int x = classes.representatives[static_cast<std::size_t>(number)];
+        for (int y = 0; y < y_size; y++)
+            if (row[y] == unreached && has_neighbour(x, y, d))
+                enter(row[y], d);
+    }
+
+    bool has_neighbour(int x, int y, int d) {
+        for (const int t : twists) {
+            const int x_after = x_moves[t][x];
+            const class_place to = classes.of[static_cast<std::size_t>(x_after)];
+            if (row_of(to.number)[image(to.symmetry, x_after, y_moves[t][y])] == d - lengths[t])
+                return true;
+        }
+        return false;
+    }
+
+    void enter(std::uint8_t& cell, int d) {
         if (cell <= d)
-            return false;
+            return;
+        left -= cell == unreached;
         cell = static_cast<std::uint8_t>(d);
-        farthest = std::max(farthest, d);
-        return true;
     }
 
     const symmetry_classes& classes;
@@ -105,7 +130,8 @@ template <typename image_function, typename x_entry, typename y_entry> class cla
     const int* lengths;
     const std::vector<int>& twists;
     std::vector<std::uint8_t> cells; // by class and y
-    int farthest = -1;
+    std::vector<int> found;          // the states of a layer in one row
+    int left = 0;                    // cells not reached
 };
 
 std::vector<int> stage1_twists() {
