@@ -124,7 +124,6 @@ TEST_F(Near, ALengthBeyondTheSievesPasses) {
     EXPECT_TRUE(near2_within(4711, 815, 3, near2_radius + 1));
 }
 
-// Last, as the other tests want the smaller one.
 TEST_F(Near, NoSequenceIsLostByTheGreatestSieve) {
     near1_extend(near1_greatest);
     EXPECT_EQ(lost_by_near1(near1_greatest), 0);
