@@ -210,12 +210,12 @@ void twist_on_cornerperm_init(std::uint16_t* table, std::uint16_t** a_ptrs,
     complete_twist_rows(a_ptrs, cornerperm_size);
 }
 
-void twist_on_edgeperm_init(std::uint16_t* table, std::uint16_t** ptrs) {
+void b_twist_on_edgeperm_init(std::uint16_t* table, std::uint16_t** ptrs) {
     point_rows(table, ptrs, b_twist_count, b_edgeperm_size);
     fill_stage2_rows<layer_edges>(ptrs, b_edgeperm_size, generator_on_edgeperm);
 }
 
-void twist_on_midperm_init(int* table, int** ptrs) {
+void b_twist_on_midperm_init(int* table, int** ptrs) {
     point_rows(table, ptrs, b_twist_count, b_midperm_size);
     fill_stage2_rows<slice_edges>(ptrs, b_midperm_size, generator_on_midperm);
 }
@@ -227,9 +227,10 @@ void twist_on_sliceedge_init(std::uint16_t* table, std::uint16_t** ptrs) {
 }
 
 int combine_halfedgeperm(const int* first, const int* second, int* out) {
-    for (int i = 0; i < layer_edges; i++) {
+    for (int i = 0; i < layer_edges; i++)
         if (first[i] != 0 && second[i] != 0)
             return 1;
+    for (int i = 0; i < layer_edges; i++) {
         if (first[i] == 0 && second[i] == 0)
             exit_w_error_message("combine_halfedgeperm : invalid input");
         out[i] = first[i] != 0 ? 2 * (first[i] - 1) : 2 * second[i] - 1;
@@ -286,7 +287,7 @@ void transformation_tables_init() {
     a_twist_on_eloc_init(twist_on_eloc_table, twist_on_eloc_ptrs);
     twist_on_cornerperm_init(twist_on_cornerperm_table, a_twist_on_cornerperm_ptrs,
                              b_twist_on_cornerperm_ptrs);
-    twist_on_edgeperm_init(twist_on_edgeperm_table, twist_on_edgeperm_ptrs);
-    twist_on_midperm_init(twist_on_midperm_table, twist_on_midperm_ptrs);
+    b_twist_on_edgeperm_init(twist_on_edgeperm_table, twist_on_edgeperm_ptrs);
+    b_twist_on_midperm_init(twist_on_midperm_table, twist_on_midperm_ptrs);
     edge_transform_tables_init();
 }

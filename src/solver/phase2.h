@@ -65,8 +65,8 @@ extern int* twist_on_midperm_ptrs[b_twist_count];                // ORDER STAGE2
 extern std::uint16_t* twist_on_sliceedge_ptrs[a_twist_count];    // ORDER TWIST
 
 void twist_on_cornerperm_init(std::uint16_t* table, std::uint16_t** a_ptrs, std::uint16_t** b_ptrs);
-void twist_on_edgeperm_init(std::uint16_t* table, std::uint16_t** ptrs);
-void twist_on_midperm_init(int* table, int** ptrs);
+void b_twist_on_edgeperm_init(std::uint16_t* table, std::uint16_t** ptrs);
+void b_twist_on_midperm_init(int* table, int** ptrs);
 void twist_on_sliceedge_init(std::uint16_t* table, std::uint16_t** ptrs); // after the eloc table
 
 // Junction tables
@@ -89,5 +89,5 @@ void sliceedge_to_midperm_init(int* table);
 // All tables of phase1 and phase2, in order.
 void transformation_tables_init();
 
-// Deliberate: NOT-BUGS.md, "edge_transform_tables_init has no caller"
+// Deliberate: NOT-BUGS.md, "edge_transform_tables_init is for nobody yet"
 void edge_transform_tables_init(); // the last four steps of it alone

@@ -96,6 +96,9 @@ int expand(const a_place& from, const a_node& node, a_place* children) {
         const int remaining = node.remaining - a_metric_length[t];
         if (a_twist_list_ptrs[t][node.state] == forbidden_state || remaining < 0)
             continue;
+        // The sieve knows the last face alone: of the root's own twists it may let half turns pass.
+        if (remaining == 0 && is_stage2_twist[t])
+            continue;
         const bool good =
             step_to(from, t, remaining, candidates[candidate_count], at[candidate_count]);
         candidate_count += good;
@@ -113,10 +116,12 @@ int expand(const a_place& from, const a_node& node, a_place* children) {
     return count;
 }
 
-// Before a depth: fills larger sieves where the search will repay it. The nodes just outside the
-// ordinary ones multiply by nine with each depth; the greatest sieve is filled once what it would
-// have saved so far, and will save now, is worth it.
-void repay_near1(int depth) {
+// Before a depth, as nothing is allocated during one: fills larger sieves where the search will
+// repay it. The greatest ones are filled once what they would have saved so far, and will save now,
+// is worth it; the nodes just outside the ordinary ones of stage 1 multiply by nine with each depth.
+void grow_sieves(int depth) {
+    if (near2_visits > near2_patience)
+        near2_extend(near2_greatest);
     if (depth <= near1_ordinary)
         return;
     near1_extend(near1_ordinary);
@@ -185,13 +190,10 @@ void solve_cube(cube_struc& cube) {
     // 3. Depth by depth. A solvedepth below the first one is passed over.
     // Deliberate: NOT-BUGS.md, "A depth below the least one"
     for (int depth = lower;; depth++) {
-        repay_near1(depth);
+        grow_sieves(depth);
         stage2_allotment = shortest_solution - depth - increment;
         if (stage2_allotment < 0)
             return;
-        carried.cornerperm[0] = cube.cornerperm;
-        for (int slot = 0; slot < 3; slot++)
-            carried.sliceedge[slot][0] = cube.sliceedge[slot];
         a_node stack[stack_size];
         stack[0] = {depth, -1, start_state, cube.a_corner, cube.a_eflip, cube.a_eloc};
         stack[1].twist = -1;
@@ -209,6 +211,9 @@ int stage1_search(a_node* stack) {
     a_level levels[stack_size];
     levels[0].place = place_of(*stack);
     carried.corners = carried.slices = 0;
+    carried.cornerperm[0] = p_current_cube->cornerperm;
+    for (int slot = 0; slot < 3; slot++)
+        carried.sliceedge[slot][0] = p_current_cube->sliceedge[slot];
     int depth = 0;
     bool entering = true;
     while (depth >= 0) {
@@ -277,8 +282,6 @@ void stage2_solve(const a_node* stage1_stack) {
         return;
     // 4. Length by length; a solution lowers the allotment.
     for (int e = std::max(mid_corner, mid_edge); e <= stage2_allotment; e += increment) {
-        if (near2_visits > near2_patience)
-            near2_extend(near2_greatest);
         if (!near2_within(cornerperm, edgeperm, midperm, e))
             continue;
         b_node stack[stack_size];

@@ -24,17 +24,17 @@ constexpr int stack_size = longest_search + 2;
 
 struct a_node {
     int remaining; // length left to spend
-    int twist;     // by which the node was reached. In the node after the current one: the twist
-                   // that the current node tried last, -1 before the first
+    int twist;     // by which the node was reached
     int state;     // sequence_state
-    int a_corner;
+    int a_corner;  // this and the next two: of the root alone, as the search walks over classes
     int a_eflip;
     int a_eloc;
 };
 
 struct b_node {
     int remaining;
-    int twist;
+    int twist; // in the node after the current one: the twist that the current node tried last, -1
+               // before the first
     int state;
     int cornerperm;
     int b_edgeperm;
@@ -63,12 +63,13 @@ void process_cube(cube_struc& cube);
 // the least one, until no better solution is possible: no use with less than 14.
 void solve_cube(cube_struc& cube);
 
-// The steps of it. A stack's root must be set and the twist of the node after it be -1.
+// The steps of it. A stack's root must be set, and in stage 2 the twist of the node after it be -1.
 
-// 1 when all of the root's depth was searched, 0 when the user interrupted.
+// The root is p_current_cube's. 1 when all of the root's depth was searched, 0 when the user interrupted.
 [[nodiscard]] int stage1_search(a_node* stack);
 
-// The junction: completes the twists of a stage-1 stack, of which the last has 0 remaining.
+// The junction, a step of stage1_search: completes the twists of its stack, of which the last has 0
+// remaining.
 void stage2_solve(const a_node* stage1_stack);
 
 // Looks for a completion of just the root's length; keeps the first and returns.

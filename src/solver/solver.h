@@ -7,8 +7,8 @@
 // Order     initializesolve until it returns 1, then my_user_enters_cube as often as wanted.
 #pragma once
 
-// Does the next step of the initialisation, about 20 ms at most, and returns 0; 1 once all is done,
-// from the call that does the last step on. The steps, one a call:
+// Does the next step of the initialisation, 0.04 s at most, and returns 0; 1 once all is done, from
+// the call that does the last step on. The steps, one a call:
 //    0 options_init           4 transformation_tables_init    8 cornerperm distances
 //    1 twist_lengths_init     5 corner_eflip distances        9 mid_cornerperm distances
 //    2 is_stage2_twist_init   6 corner_eloc distances        10 mid_edgeperm distances

@@ -56,8 +56,20 @@ TEST_F(Phase1, PackAndUnpackAreInverseOverTheWholeRange) {
     }
 }
 
+TEST_F(Phase1, TheFirstPositionIsTheLowestDigit) {
+    const int twists[8] = {1, 0, 0, 0, 0, 0, 0, 2};
+    EXPECT_EQ(a_corner_pack(twists), 1);
+    const int others[8] = {0, 2, 0, 0, 0, 0, 1, 0};
+    EXPECT_EQ(a_corner_pack(others), 2 * 3 + 729);
+    const int flips[12] = {0, 1, 0, 0, 0, 0, 0, 0, 0, 0, 1, 0};
+    EXPECT_EQ(a_eflip_pack(flips), 2 + 1024);
+}
+
 TEST_F(Phase1, SubsetsAreInLexicographicOrder) {
     EXPECT_EQ(eloc_conv[0], 0x00F);
+    EXPECT_EQ(eloc_conv[1], 0x017);
+    EXPECT_EQ(eloc_conv[8], 0x807);
+    EXPECT_EQ(eloc_conv[9], 0x01B);
     EXPECT_EQ(eloc_conv[494], 0xF00);
     EXPECT_EQ(eloc_unconv[0x1F], 0);
 }

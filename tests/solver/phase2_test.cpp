@@ -48,6 +48,9 @@ TEST_F(Phase2, PackAndUnpackAreInverseOverTheWholeRange) {
         ASSERT_EQ(halfedgeperm_pack(labels), x);
     }
     EXPECT_EQ(halfedgeloc_conv[0], 0x0F);
+    EXPECT_EQ(halfedgeloc_conv[1], 0x17);
+    EXPECT_EQ(halfedgeloc_conv[4], 0x87);
+    EXPECT_EQ(halfedgeloc_conv[5], 0x1B);
     EXPECT_EQ(halfedgeloc_conv[69], 0xF0);
     EXPECT_EQ(halfedgeloc_unconv[0x1F], 0);
 }
@@ -118,6 +121,10 @@ TEST_F(Phase2, ImpossibleCombinationsAreMarked) {
     const int other[8] = {0, 0, 0, 1, 2, 3, 4, 0};
     int out[8];
     EXPECT_EQ(combine_halfedgeperm(one, other, out), 1);
+    // An overlap is found behind a gap, too.
+    const int gap[8] = {0, 1, 2, 3, 4, 0, 0, 0};
+    const int half[8] = {0, 0, 0, 0, 1, 2, 3, 4};
+    EXPECT_EQ(combine_halfedgeperm(gap, half, out), 1);
 }
 
 TEST_F(Phase2, HalvesThatLeaveAGapEndTheProgram) {
@@ -128,10 +135,22 @@ TEST_F(Phase2, HalvesThatLeaveAGapEndTheProgram) {
 }
 
 TEST_F(Phase2, TheEdgeTablesAreBuiltAloneAlike) {
-    const std::vector<std::uint16_t> before(std::begin(half_to_edgeperm_table),
-                                            std::end(half_to_edgeperm_table));
+    const auto kept = [](const auto& table) {
+        return std::vector(std::begin(table), std::end(table));
+    };
+    const auto slices = kept(twist_on_sliceedge_table);
+    const auto halves = kept(sliceedge_to_halfedgeperm);
+    const auto edges = kept(half_to_edgeperm_table);
+    const auto mids = kept(sliceedge_to_midperm);
+    std::fill(std::begin(twist_on_sliceedge_table), std::end(twist_on_sliceedge_table),
+              std::uint16_t{0});
+    std::fill(std::begin(sliceedge_to_halfedgeperm), std::end(sliceedge_to_halfedgeperm), 0);
     std::fill(std::begin(half_to_edgeperm_table), std::end(half_to_edgeperm_table),
               std::uint16_t{0});
+    std::fill(std::begin(sliceedge_to_midperm), std::end(sliceedge_to_midperm), 0);
     edge_transform_tables_init();
-    EXPECT_TRUE(std::equal(before.begin(), before.end(), half_to_edgeperm_table));
+    EXPECT_EQ(kept(twist_on_sliceedge_table), slices);
+    EXPECT_EQ(kept(sliceedge_to_halfedgeperm), halves);
+    EXPECT_EQ(kept(half_to_edgeperm_table), edges);
+    EXPECT_EQ(kept(sliceedge_to_midperm), mids);
 }

@@ -124,6 +124,18 @@ TEST_F(Search, AnInterruptKeepsTheBestSolutionSoFar) {
     EXPECT_EQ(error, 0);
 }
 
+TEST_F(Search, AnInterruptBeforeAnySolutionLeavesNone) {
+    const plain::cube c = randomcube(random);
+    while (shell.polls == 0)
+        ASSERT_EQ(testclick(), 0);
+    for (int call = 1; call <= 70000; call++) // the next one asks
+        ASSERT_EQ(testclick(), 0);
+    shell.interruptat = shell.polls + 1;
+    EXPECT_EQ(solution(c), "error");
+    EXPECT_STREQ(outputstring, "");
+    EXPECT_EQ(error, 1);
+}
+
 TEST_F(Search, TheGreatestSievesChangeNoAnswer) {
     std::vector<plain::cube> cubes;
     std::vector<std::string> answers;

@@ -3,6 +3,7 @@
 #include "model/permutation.h"
 #include "nullshell.h"
 #include "solver/cubecheck.h"
+#include "solver/pruning.h"
 #include "solver/samples.h"
 #include "solver/solver.h"
 
@@ -15,9 +16,20 @@ namespace {
 class Solver : public testing::Test {
   protected:
     static void SetUpTestSuite() {
-        while (!initializesolve())
-            continue;
+        text_before_any_check = geterrorstring();
+        // What each call returns, and which distance tables it leaves filled.
+        for (int call = 0; call < 11; call++) {
+            returned += std::to_string(initializesolve());
+            filled += std::to_string(
+                (corner_eflip_dist_table[1] != 0) + (corner_eloc_dist_table[0] != 0) +
+                (eflip_eloc_dist_table[0] != 0) + (cornerperm_dist_table[1] != 0) +
+                (mid_cornerperm_dist_table[1] != 0) + (mid_edgeperm_dist_table[1] != 0));
+        }
     }
+
+    static inline const char* text_before_any_check = "";
+    static inline std::string returned;
+    static inline std::string filled;
 
     void SetUp() override { resetshell(); }
 };
@@ -73,6 +85,22 @@ TEST_F(Solver, ARejectedCubeGivesNoText) {
                                   "UFR URB UBL ULF DRF DFL DLB DBR"),
               nullptr);
     EXPECT_STREQ(geterrorstring(), "Flip any edge cubie to make a valid configuration.");
+}
+
+TEST_F(Solver, ThereIsNoMessageBeforeAnyCheck) {
+    EXPECT_EQ(text_before_any_check, nullptr);
+}
+
+TEST_F(Solver, AnImproperNameLeavesTheMessageAlone) {
+    EXPECT_EQ(sanitycheckcube("XY"), 0);
+    const std::string before = geterrorstring();
+    EXPECT_EQ(my_user_enters_cube("QQ"), nullptr);
+    EXPECT_EQ(geterrorstring(), before);
+}
+
+TEST_F(Solver, InitialisationDoesOneStepACall) {
+    EXPECT_EQ(returned, "00000000001");
+    EXPECT_EQ(filled, "00000123456");
 }
 
 TEST_F(Solver, InitialisationIsDoneOnce) {
