@@ -5,8 +5,8 @@
 //
 // The distance tables of stage 2 each forget half of the edges or all corners, and cut late. But
 // the ten twists make few cubes of few quarter turns: of 19.5 billion states 0.2 million lie within
-// 10, 1.9 million within 12, some 19 million within 14, and up to symmetry a sixteenth of that. They
-// are enumerated from the solved cube outwards and kept in sieves. One serves two lengths: a
+// 10, 1.9 million within 12, some 19 million within 14, and up to symmetry a sixteenth of that.
+// They are enumerated from the solved cube outwards and kept in sieves. One serves two lengths: a
 // state's distance is even or odd as the length that is left, so that within 12 means within 11
 // where 11 are left.
 //

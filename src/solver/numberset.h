@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// numberset: a set of 32-bit numbers that only grows, as the enumerations of near1 and near2 need it
-// to meet each state once.
+// numberset: a set of 32-bit numbers that only grows. The enumerations of near1 and near2 meet each
+// state once by it.
 //
 // A hash table with linear probing and room for a fixed number of entries; it is good up to some
 // three quarters of them, and must never be full.

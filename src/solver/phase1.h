@@ -14,7 +14,7 @@
 //           being the middle slice; corners UFR URB UBL ULF DRF DFL DLB DBR. Orientation 0..1 of an
 //           edge, 0..2 of a corner. Unpacked forms hold one int a position.
 // Range     nothing is checked: indices and orientations must be good.
-// Callers   phase2, symmetry, edgeclass, pruning, search; transformation_tables_init those that fill.
+// Callers   phase2, symmetry, edgeclass, pruning, search; transformation_tables_init the inits.
 #pragma once
 
 #include "solver/twists.h"

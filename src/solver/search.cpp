@@ -118,7 +118,7 @@ int expand(const a_place& from, const a_node& node, a_place* children) {
 
 // Before a depth, as nothing is allocated during one: fills larger sieves where the search will
 // repay it. The greatest ones are filled once what they would have saved so far, and will save now,
-// is worth it; the nodes just outside the ordinary ones of stage 1 multiply by nine with each depth.
+// is worth it; nodes just outside the ordinary ones of stage 1 multiply by nine with each depth.
 void grow_sieves(int depth) {
     if (near2_visits > near2_patience)
         near2_extend(near2_greatest);

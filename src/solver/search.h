@@ -65,7 +65,8 @@ void solve_cube(cube_struc& cube);
 
 // The steps of it. A stack's root must be set, and in stage 2 the twist of the node after it be -1.
 
-// The root is p_current_cube's. 1 when all of the root's depth was searched, 0 when the user interrupted.
+// The root is p_current_cube's. 1 when all of the root's depth was searched, 0 when the user
+// interrupted.
 [[nodiscard]] int stage1_search(a_node* stack);
 
 // The junction, a step of stage1_search: completes the twists of its stack, of which the last has 0

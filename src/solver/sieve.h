@@ -37,8 +37,8 @@ inline void sieve_add(const sieve& s, std::uint64_t number) {
     *place.word |= place.bits;
 }
 
-// Adds many members faster than one by one: their words are far apart in memory, so they are fetched
-// while others are added. Done when it ends.
+// Adds many members faster than one by one: their words are far apart in memory, so each is fetched
+// while others are added. All are in when it ends.
 class sieve_filler {
   public:
     explicit sieve_filler(const sieve& filled) : s(filled) { waiting.fill({0, &nothing}); }

@@ -16,6 +16,7 @@
 #include <FL/Fl_Button.H>
 #include <FL/Fl_Menu_Item.H>
 #include <FL/Fl_Output.H>
+#include <FL/Fl_Window.H>
 #include <X11/keysym.h>
 
 #include <climits>
@@ -196,6 +197,20 @@ TEST_F(Dispatch, UndoPlaysTheInverseTurnsBackwards) {
     EXPECT_EQ(undoptr, 0);
 }
 
+// Reset forgets the module's half of the undo under way; the shell's waits for the turn to land.
+TEST_F(Dispatch, AResetInTheMiddleOfAnUndoLetsTheTurnLandUnrecorded) {
+    turnandsettle(0);
+    b_cb(nullptr, 102);
+    b_cb(nullptr, 100);
+    EXPECT_EQ(undoing, 1);
+    b_cb(nullptr, 116);
+    settle();
+    EXPECT_EQ(undoing, 0);
+    EXPECT_STREQ(inp->value(), "");
+    ASSERT_EQ(undoptr, 1);
+    EXPECT_EQ(undobuf[0], 1);
+}
+
 TEST_F(Dispatch, ARecordingGoesIntoTheMacroLine) {
     inp->value("RU");
     b_cb(nullptr, 116);
@@ -204,7 +219,9 @@ TEST_F(Dispatch, ARecordingGoesIntoTheMacroLine) {
     EXPECT_NE(inp->changed(), 0);
     EXPECT_STREQ(recbut->label(), "Record Off");
     turnandsettle(0);
+    out->clear_changed();
     turnandsettle(12);
+    EXPECT_NE(out->changed(), 0);
     EXPECT_STREQ(inp->value(), "U*F");
     EXPECT_STREQ(out->value(), "2");
     b_cb(nullptr, 102);
@@ -243,6 +260,21 @@ TEST_F(Dispatch, CommandsThatEndARecording) {
     withdialog([] { b_cb(nullptr, 101); }, [] { screen().press(XK_Return); });
     EXPECT_EQ(recording, 0);
     recordstart();
+    withdialog([] { b_cb(nullptr, 104); }, [] { screen().press(XK_Escape); });
+    EXPECT_EQ(recording, 0);
+    recordstart();
+    b_cb(nullptr, 114);
+    EXPECT_EQ(recording, 0);
+    Fl::modal()->do_callback(); // the collector
+    recordstart();
+    inp_cb(inp, 0);
+    EXPECT_EQ(recording, 0);
+    clearqueue();
+    recordstart();
+    inp->value("R)");
+    withdialog([] { inp_cb(inp, 0); }, [] { screen().press(XK_Return); });
+    EXPECT_EQ(recording, 0);
+    recordstart();
     b_cb(nullptr, 113);
     EXPECT_EQ(recording, 1);
 }
@@ -277,7 +309,7 @@ TEST_F(Dispatch, AMacroOfMoreThan200TurnsIsPlayedOnlyAfterAYes) {
     inp->value("201(R)");
     withdialog([] { inp_cb(inp, 0); }, [] { screen().press(XK_Escape); });
     EXPECT_EQ(turns[0], noturn);
-    withdialog([] { inp_cb(inp, 0); }, [] { screen().press(XK_Return); });
+    EXPECT_EQ(shownby([] { inp_cb(inp, 0); }), "Really?  Macro has 201 steps.");
     EXPECT_EQ(turnptr, 201);
     clearqueue();
 }

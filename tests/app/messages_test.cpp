@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: MIT
+#include "app/dispatch.h"
 #include "app/mainwindow.h"
 #include "app/messages.h"
+#include "app/my_input.h"
 #include "app/rig.h"
 #include "render/colors.h"
 #include "shell.h"
+#include "solver/cubecheck.h"
 
 #include <FL/Fl.H>
 #include <FL/Fl_Box.H>
+#include <FL/Fl_Input.H>
 #include <FL/Fl_Window.H>
 #include <X11/keysym.h>
 
@@ -25,29 +29,6 @@ class Messages : public testing::Test {
     }
 };
 
-// The text in the toolkit's message box, as it will be drawn: with "@@" for the letter "@".
-std::string boxtext() {
-    const Fl_Window* box = Fl::modal();
-    for (int i = 0; i < box->children(); ++i) {
-        const char* label = box->child(i)->label();
-        if (dynamic_cast<const Fl_Box*>(box->child(i)) != nullptr && label != nullptr &&
-            box->child(i)->w() > 50) {
-            return label;
-        }
-    }
-    return "no text";
-}
-
-// What a message box shows when message is called.
-std::string shownby(const std::function<void()>& message) {
-    std::string text = "no box";
-    withdialog(message, [&] {
-        text = boxtext();
-        screen().press(XK_Return);
-    });
-    return text;
-}
-
 void answercolors(const char* answer) {
     screen().press('u', ctrl_key);
     screen().type(std::string(answer) + "\n");
@@ -57,9 +38,10 @@ void answercolors(const char* answer) {
 
 TEST_F(Messages, TheWaitPanelLiesLeftOfTheMiddle) {
     for (int again = 0; again < 2; ++again) {
+        form->position(20 + 50 * again, 30 + 40 * again);
         showmessagewindow("Initializing solver ...\n", 3);
-        EXPECT_EQ(messagewindow->x(), form->x() + form->w() / 2 - 100);
-        EXPECT_EQ(messagewindow->y(), form->y() + form->h() / 2 - 50);
+        EXPECT_EQ(messagewindow->x(), 20 + 50 * again + form->w() / 2 - 100);
+        EXPECT_EQ(messagewindow->y(), 30 + 40 * again + form->h() / 2 - 50);
         EXPECT_EQ(messagewindow->w(), 230);
         EXPECT_EQ(messagewindow->h(), 100);
         EXPECT_EQ(messagewindow->border(), 0);
@@ -99,8 +81,31 @@ TEST_F(Messages, SilencedInformationIsDropped) {
 }
 
 TEST_F(Messages, AMalformedMacroIsToldWithTheLastMessageOrNone) {
+    const auto enter = [] { inp_cb(inp, 0); };
     setmacroline("R)");
-    EXPECT_EQ(shownby([] { applymacro(); }), "Macro screwed up:\n");
+    EXPECT_EQ(shownby(applymacro), "Macro screwed up:\n");
+    EXPECT_EQ(shownby(enter), "Macro screwed up:\n");
+    EXPECT_EQ(sanitycheckcube("UF UR XY"), 0);
+    EXPECT_EQ(shownby(applymacro), "Macro screwed up:\nImproper edge cubie:  XY.");
+    EXPECT_EQ(shownby(enter), "Macro screwed up:\nImproper edge cubie:  XY.");
+}
+
+TEST_F(Messages, TheColourQuestionShowsTheLettersAndTheColoursInForce) {
+    std::strcpy(colortable, "KSVDPC");
+    std::string preset = "no line";
+    std::string question = "no box";
+    withdialog(setcubecolors, [&] {
+        question = boxtext();
+        for (int i = 0; i < Fl::modal()->children(); ++i) {
+            const auto* line = dynamic_cast<const Fl_Input*>(Fl::modal()->child(i));
+            preset = line != nullptr ? line->value() : preset;
+        }
+        screen().press(XK_Escape);
+    });
+    EXPECT_EQ(question, "Set cube colors in this order:ULFRBD.\n"
+                        "Choose colors from: WGRBYOKSVDPCX.\n"
+                        "Original default = WGRBOY");
+    EXPECT_EQ(preset, "KSVDPC");
 }
 
 TEST_F(Messages, ColourLettersAreTakenInEitherCase) {

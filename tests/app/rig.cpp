@@ -14,7 +14,9 @@
 #include "render/projection.h"
 
 #include <FL/Fl.H>
+#include <FL/Fl_Box.H>
 #include <FL/Fl_Window.H>
+#include <X11/keysym.h>
 
 #include <cstdlib>
 
@@ -89,6 +91,27 @@ void settle() {
     while (turnmode != noturn || turns[turn] != noturn || needsredraw != 0) {
         pass();
     }
+}
+
+std::string boxtext() {
+    const Fl_Window* box = Fl::modal();
+    for (int i = 0; i < box->children(); ++i) {
+        const char* label = box->child(i)->label();
+        if (dynamic_cast<const Fl_Box*>(box->child(i)) != nullptr && label != nullptr &&
+            box->child(i)->w() > 50) {
+            return label;
+        }
+    }
+    return "no text";
+}
+
+std::string shownby(const std::function<void()>& message) {
+    std::string text = "no box";
+    withdialog(message, [&] {
+        text = boxtext();
+        screen().press(XK_Return);
+    });
+    return text;
 }
 
 void withdialog(const std::function<void()>& dialog, const std::function<void()>& answer) {

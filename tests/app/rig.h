@@ -10,6 +10,7 @@
 #include "window/xserver.h"
 
 #include <functional>
+#include <string>
 
 xserver& screen();
 
@@ -29,3 +30,9 @@ void settle();
 // Calls dialog, which opens one of the toolkit's boxes and blocks, and has answer called as soon as
 // the box is there and has the keyboard.
 void withdialog(const std::function<void()>& dialog, const std::function<void()>& answer);
+
+// The text in the toolkit's message box, as it will be drawn: with "@@" for the letter "@".
+std::string boxtext();
+
+// What the box says that message opens; it is then answered with Enter.
+std::string shownby(const std::function<void()>& message);

@@ -25,6 +25,7 @@ TEST(Solvecube, InterruptedWhileItBuildsItsTablesItGoesOnTheNextTime) {
     screen().key(XK_Alt_L, false);
     EXPECT_STREQ(inp->value(), "FF");
     ASSERT_NE(messagewindow, nullptr);
+    EXPECT_STREQ(smessage, "Initializing solver ...\n");
     EXPECT_EQ(messagewindow->shown(), 0);
     withdialog(solvecube, [] { screen().press(XK_Return); });
     parsestring(inp->value(), inp->size());

@@ -173,6 +173,30 @@ TEST_F(Permutation, AfterUThereAreTwoFourCycles) {
     EXPECT_EQ(after_u, report());
 }
 
+// Cycles of several lengths, in the order in which their first places come.
+TEST_F(Permutation, AfterRUEveryLengthIsCounted) {
+    apply("RU");
+    EXPECT_EQ("alert: Current cube permutation:\n"
+              "(FR UF UL UB UR BR DR)(UFR)(UBL URB DBR DRF ULF)\n"
+              "Cycle structure: 1(1) 1(5) 1(7) \n"
+              "\n"
+              "Face Permutation:\n"
+              "(Urb Brd Drf Luf Blu Rub Rbd Rfd Ful Lub Bru Drb Frd Ulf Ulb)\n"
+              "(Ur Br Dr Fr Uf Ul Ub)(Ruf Fur Urf)(Bu Ru Rb Rd Rf Fu Lu)\n"
+              "\n"
+              "Cycle Structure: 1(3) 2(7) 1(15) ",
+              report());
+}
+
+TEST_F(Permutation, EdgesComeBeforeCornersAndLengthsAscend) {
+    apply("RUFdlB");
+    const std::string text = report();
+    EXPECT_EQ("alert: Current cube permutation:\n"
+              "(FL UF DB DR)(UB UR)(DF UL BL DL BR)(FR)(DRF UFR ULF DBR DFL DLB URB)(UBL)\n"
+              "Cycle structure: 2(1) 1(2) 1(4) 1(5) 1(7) ",
+              text.substr(0, text.find("\n\n")));
+}
+
 TEST_F(Permutation, AWholeTurnChangesNothing) {
     const std::string one = report();
     for (const char* macro : {">U", ">R", ">F", ">U>R>R>F"}) {

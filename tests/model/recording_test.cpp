@@ -108,6 +108,22 @@ TEST_F(Recording, UndoneTurnsLeaveTheRecordingAndNoInverse) {
     EXPECT_EQ("D", shell.line);
 }
 
+// The first inverse turn is then stored like any other, but not recorded.
+TEST_F(Recording, ASecondUndoTakesOneMoreCharacter) {
+    recordstart();
+    land("U");
+    land("F");
+    commandundo();
+    commandundo();
+    EXPECT_EQ("", shell.line);
+    landundo();
+    EXPECT_EQ("", shell.line);
+    EXPECT_EQ(0, undoing);
+    ASSERT_EQ(2, undoptr);
+    EXPECT_EQ(0, undobuf[0]);
+    EXPECT_EQ(9, undobuf[1]);
+}
+
 TEST_F(Recording, AnUndoMarksTheLine) {
     recordstart();
     land("U");
@@ -171,7 +187,11 @@ TEST_F(Recording, AnOverflowEndsTheRecording) {
         for (int i = 0; i < 496; i++) {
             record("U");
         }
+        const int line = shell.linechanges;
+        const int readout = shell.readoutchanges;
         record(last);
+        EXPECT_EQ(line + 1, shell.linechanges);
+        EXPECT_EQ(readout + 1, shell.readoutchanges);
         const std::string all = std::string(496, 'U') + last;
         EXPECT_EQ(messages{"alert: Too many recorded moves"}, shell.messages);
         EXPECT_EQ(0, recording);
