@@ -14,16 +14,9 @@ namespace {
 // Room for each length: 20 bits an entry and more, 7 for the last.
 constexpr int log_words[] = {6, 6, 6, 8, 10, 12, 15, 16, 19, 20};
 
-constexpr int words_before(int length) {
-    int words = 0;
-    for (int n = 0; n < length; n++)
-        words += 1 << log_words[n];
-    return words;
-}
-
 // State
 
-std::uint64_t words[words_before(near1_greatest + 1)];
+std::uint64_t words[words_of(log_words)];
 
 // A state, and the face that a sequence from there turns first.
 struct start {
@@ -85,18 +78,7 @@ layer next_layer(const layer& one_less, const layer& two_less, int length) {
 
 } // namespace
 
-constexpr sieve near1_sieves[] = {
-    {words + words_before(0), log_words[0]},
-    {words + words_before(1), log_words[1]},
-    {words + words_before(2), log_words[2]},
-    {words + words_before(3), log_words[3]},
-    {words + words_before(4), log_words[4]},
-    {words + words_before(5), log_words[5]},
-    {words + words_before(6), log_words[6]},
-    {words + words_before(7), log_words[7]},
-    {words + words_before(8), log_words[8]},
-    {words + words_before(9), log_words[9]},
-};
+constinit const std::array<sieve, near1_greatest + 1> near1_sieves = sieves_in(words, log_words);
 
 constinit int near1_length = -1;
 

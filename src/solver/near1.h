@@ -28,8 +28,8 @@ constexpr int near1_ordinary = 8; // length that pays for the search of any but 
 constexpr int near1_greatest = 9; // largest length there is room for
 constexpr int near1_by_face = 6;  // up to this the sieves know the last face
 
-extern const sieve near1_sieves[near1_greatest + 1]; // by length
-extern int near1_length;                             // filled up to this; -1 at first
+extern const std::array<sieve, near1_greatest + 1> near1_sieves; // by length
+extern int near1_length;                                         // filled up to this; -1 at first
 
 // Fills the sieves up to a length, from near1_initial on; does nothing if they are. 6 takes 1 ms, 8
 // takes 0.04 s, 9 takes 0.3 s.

@@ -13,16 +13,9 @@ namespace {
 // Room by half the radius; some 30 bits a member and more.
 constexpr int log_words[] = {6, 6, 6, 8, 10, 13, 16, 19};
 
-constexpr int words_before(int half) {
-    int words = 0;
-    for (int h = 0; h < half; h++)
-        words += 1 << log_words[h];
-    return words;
-}
-
 // State
 
-std::uint64_t words[words_before(near2_greatest / 2 + 1)];
+std::uint64_t words[words_of(log_words)];
 
 // A state as the representative of its cornerperm sees it.
 struct state {
@@ -68,16 +61,8 @@ void enter(state x, int distance, int radius) {
 constinit b_steps b_corner_steps[cornerperm_size] = {};
 constinit b_steps b_edge_steps[b_edgeperm_size] = {};
 
-constexpr sieve near2_sieves[] = {
-    {words + words_before(0), log_words[0]},
-    {words + words_before(1), log_words[1]},
-    {words + words_before(2), log_words[2]},
-    {words + words_before(3), log_words[3]},
-    {words + words_before(4), log_words[4]},
-    {words + words_before(5), log_words[5]},
-    {words + words_before(6), log_words[6]},
-    {words + words_before(7), log_words[7]},
-};
+constinit const std::array<sieve, near2_greatest / 2 + 1> near2_sieves =
+    sieves_in(words, log_words);
 
 constinit int near2_radius = -2;
 

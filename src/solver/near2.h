@@ -33,8 +33,8 @@ extern b_steps b_edge_steps[b_edgeperm_size];
 
 void near2_tables_init();
 
-extern const sieve near2_sieves[near2_greatest / 2 + 1]; // by half the radius
-extern int near2_radius;                                 // filled up to this; -2 at first
+extern const std::array<sieve, near2_greatest / 2 + 1> near2_sieves; // by half the radius
+extern int near2_radius; // filled up to this; -2 at first
 
 // Fills the sieves up to a radius, near2_ordinary or near2_greatest; does nothing if they are. 12
 // takes 10 ms, 14 takes 0.1 s.

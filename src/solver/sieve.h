@@ -12,12 +12,32 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 
 struct sieve {
     std::uint64_t* words;
     int log_words; // how many there are: 2 to the power of this, 1..24
 };
+
+// Several sieves, the words of which follow each other.
+
+template <std::size_t count> constexpr int words_of(const int (&log_words)[count]) {
+    int words = 0;
+    for (const int log : log_words)
+        words += 1 << log;
+    return words;
+}
+
+template <std::size_t count>
+constexpr std::array<sieve, count> sieves_in(std::uint64_t* words, const int (&log_words)[count]) {
+    std::array<sieve, count> sieves{};
+    for (std::size_t i = 0; i < count; i++) {
+        sieves[i] = {words, log_words[i]};
+        words += 1 << log_words[i];
+    }
+    return sieves;
+}
 
 // The member's bits, and in which word they are.
 struct sieve_place {
