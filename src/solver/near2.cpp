@@ -96,12 +96,13 @@ void near2_extend(int radius) {
                 for_each_next(x, cost, visit);
     }
     // 2. The last two are not walked from again, so that a state may come more than once.
-    const auto enter_14 = [&](state x) { enter(x, 14, radius); };
-    const auto enter_13 = [&](state x) {
-        enter(x, 13, radius);
-        for_each_next(x, 1, enter_14);
-    };
     if (radius > near2_ordinary) {
+        sieve_filler filler(near2_sieves[near2_greatest / 2]);
+        const auto enter_14 = [&](state x) { filler.add(number_of(x)); };
+        const auto enter_13 = [&](state x) {
+            filler.add(number_of(x));
+            for_each_next(x, 1, enter_14);
+        };
         for (const state x : layers[12]) {
             for_each_next(x, 1, enter_13);
             for_each_next(x, 2, enter_14);
