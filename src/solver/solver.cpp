@@ -2,6 +2,7 @@
 #include "solver/solver.h"
 
 #include "solver/edgeclass.h"
+#include "solver/largepages.h"
 #include "solver/near1.h"
 #include "solver/near2.h"
 #include "solver/pruning.h"
@@ -25,12 +26,17 @@ void distances_of_stage2_edges() {
     near2_extend(near2_ordinary);
 }
 
+void first_options() {
+    ask_for_large_pages();
+    options_init(user_options);
+}
+
 using step_function = void (*)();
 
 // ORDER STEP
 // clang-format off
 constexpr step_function steps[] = {
-    [] { options_init(user_options); },                                                      //  0
+    first_options,                                                                           //  0
     [] { twist_lengths_init(&a_metric_length, &b_metric_length); },                          //  1
     [] { is_stage2_twist_init(is_stage2_twist); },                                           //  2
     [] { twist_sequences_init(twist_list_table, a_twist_list_ptrs, b_twist_list_ptrs); },    //  3
