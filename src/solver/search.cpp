@@ -83,37 +83,66 @@ bool step_to(const a_place& from, int t, int remaining, a_place& to, sieve_place
     return true;
 }
 
-// Lists the children of a stage-1 node from which the subgroup can be reached in time.
+// What the edges allow of a node's children, each with its place in a sieve. The places are far
+// apart in memory and asked for all at once.
+struct a_brood {
+    int count;
+    a_place places[a_twist_count]; // in order of their twists
+    sieve_place at[a_twist_count];
+};
+
+void gather(const a_place& from, int state, int remaining, a_brood& brood) {
+    brood.count = 0;
+    for (int t = 0; t < a_twist_count; t++) {
+        const int left = remaining - a_metric_length[t];
+        if (a_twist_list_ptrs[t][state] == forbidden_state || left < 0)
+            continue;
+        // The sieve knows the last face alone: of the root's own twists it may let half turns pass.
+        if (left == 0 && is_stage2_twist[t])
+            continue;
+        brood.count += step_to(from, t, left, brood.places[brood.count], brood.at[brood.count]);
+    }
+}
+
+// Lists the children of a stage-1 node from which the subgroup can be reached in time: those of its
+// brood that the sieves let pass, and all that these do not reach.
 //
 // The last twist must come from outside: a cube in the subgroup before it has had its stage 2 at a
 // lower depth, with no better end. That holds of U' as of the twists flagged in is_stage2_twist.
-int expand(const a_place& from, const a_node& node, a_place* children) {
-    // 1. What the edges allow. The sieve's words are far apart in memory and asked for all at once.
-    a_place candidates[a_twist_count];
-    sieve_place at[a_twist_count];
-    int candidate_count = 0;
-    for (int t = 0; t < a_twist_count; t++) {
-        const int remaining = node.remaining - a_metric_length[t];
-        if (a_twist_list_ptrs[t][node.state] == forbidden_state || remaining < 0)
-            continue;
-        // The sieve knows the last face alone: of the root's own twists it may let half turns pass.
-        if (remaining == 0 && is_stage2_twist[t])
-            continue;
-        const bool good =
-            step_to(from, t, remaining, candidates[candidate_count], at[candidate_count]);
-        candidate_count += good;
-    }
-    // 2. What the sieves let pass, and all that they do not reach.
+int sift(const a_brood& brood, int remaining, a_place* children) {
     int count = 0;
-    for (int i = 0; i < candidate_count; i++) {
-        const int remaining = node.remaining - a_metric_length[candidates[i].twist];
-        if (remaining > near1_length || (*at[i].word & at[i].bits) == at[i].bits) {
-            children[count++] = candidates[i];
-            __builtin_prefetch(edge_class_steps[candidates[i].edge_class]);
-            __builtin_prefetch(edge_class_steps[candidates[i].edge_class] + a_twist_count - 1);
+    for (int i = 0; i < brood.count; i++) {
+        const a_place& place = brood.places[i];
+        const sieve_place& at = brood.at[i];
+        if (remaining - a_metric_length[place.twist] > near1_length ||
+            (*at.word & at.bits) == at.bits) {
+            children[count++] = place;
+            __builtin_prefetch(edge_class_steps[place.edge_class]);
+            __builtin_prefetch(edge_class_steps[place.edge_class] + a_twist_count - 1);
         }
     }
     return count;
+}
+
+// Nodes just outside the sieves are most of a search, and nearly all children of the nodes before
+// them are such. Their broods are gathered together, so that one does not wait for memory alone.
+struct {
+    a_brood here;                    // of the node being entered
+    a_brood ahead[2][a_twist_count]; // of the children of the last node one or two steps before
+} gathered;
+
+a_brood* ahead_of(int remaining) {
+    return gathered.ahead[remaining - near1_length - 2];
+}
+
+void gather_ahead(const a_level& level, const a_node& node) {
+    for (int i = 0; i < level.count; i++) {
+        const a_place& child = level.children[i];
+        const int remaining = node.remaining - a_metric_length[child.twist];
+        if (remaining == near1_length + 1)
+            gather(child, a_twist_list_ptrs[child.twist][node.state], remaining,
+                   ahead_of(node.remaining)[i]);
+    }
 }
 
 // Before a depth, as nothing is allocated during one: fills larger sieves where the search will
@@ -234,7 +263,13 @@ int stage1_search(a_node* stack) {
                     return 1;
             } else {
                 // 3. All twists that lead there in time.
-                level.count = expand(level.place, *node, level.children);
+                const a_brood* brood = &gathered.here;
+                if (depth > 0 && node->remaining == near1_length + 1)
+                    brood = ahead_of(node[-1].remaining) + levels[depth - 1].next - 1;
+                else
+                    gather(level.place, node->state, node->remaining, gathered.here);
+                level.count = sift(*brood, node->remaining, level.children);
+                gather_ahead(level, *node);
             }
         }
         // 4, 5. Down or up.
