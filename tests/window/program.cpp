@@ -195,8 +195,10 @@ windowid program::openmenu(const std::string& entry) const {
     screen.button(1, true);
     windowid found = 0;
     const bool open = waitfor(patience, [this, &found, r] {
-        for (windowid w : screen.popups(main)) { // one is the title, shown pressed
-            found = screen.place(w).y >= r.y + menubarplace.h - 6 ? w : found;
+        // One is the title, shown pressed; another may be a tooltip that is about to go.
+        for (windowid w : screen.popups(main)) {
+            const int below = screen.place(w).y - (r.y + menubarplace.h);
+            found = below >= -6 && below <= 6 ? w : found;
         }
         return found != 0;
     });
