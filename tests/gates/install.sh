@@ -9,20 +9,52 @@ prefix=$(mktemp -d)
 trap 'rm -rf "$prefix"' EXIT
 "$1" --install "$2" --prefix "$prefix" > /dev/null
 
-expected="bin/vexel-solve
+sizes="16 22 24 32 48 64 128 256"
+expected=$(LC_ALL=C sort << 'END'
+bin/vexel-solve
 games/vexel
 share/applications/vexel.desktop
 share/icons/hicolor/scalable/apps/vexel.svg
 share/man/man1/vexel-solve.1
+share/man/man5/vexel-macros.5
 share/man/man6/vexel.6
-share/metainfo/net.vexel.vexel.metainfo.xml"
-diff <(cd "$prefix" && find . -type f | cut -c3- | LC_ALL=C sort) <(echo "$expected")
+share/metainfo/org.vexel.vexel.metainfo.xml
+share/mime/packages/org.vexel.vexel.xml
+share/doc/vexel/LICENSE
+share/doc/vexel/NEWS.md
+share/doc/vexel/examples/corners.macros
+share/doc/vexel/examples/edges.macros
+share/doc/vexel/examples/patterns.macros
+share/doc/vexel/formats.md
+share/doc/vexel/manual.md
+share/doc/vexel/pictures/window.png
+END
+)
+if command -v rsvg-convert > /dev/null; then
+    for size in $sizes; do
+        expected+=$'\n'"share/icons/hicolor/${size}x$size/apps/vexel.png"
+    done
+fi
+diff <(cd "$prefix" && find . -type f | cut -c3- | LC_ALL=C sort) <(LC_ALL=C sort <<< "$expected")
+
+# A build that carried the path of its folder could not be built alike elsewhere.
+if grep -rlF "$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)" "$prefix"; then
+    echo "install: the files above name the folder of the sources" >&2
+    exit 1
+fi
 
 if command -v desktop-file-validate > /dev/null; then
     desktop-file-validate "$prefix/share/applications/vexel.desktop"
 fi
 if command -v appstreamcli > /dev/null; then
-    appstreamcli validate --no-net "$prefix/share/metainfo/net.vexel.vexel.metainfo.xml"
+    appstreamcli validate --no-net "$prefix/share/metainfo/org.vexel.vexel.metainfo.xml"
+fi
+if command -v update-mime-database > /dev/null; then
+    XDG_DATA_DIRS=$prefix/share update-mime-database "$prefix/share/mime"
+    grep -qx '50:text/x-vexel-macros:\*.macros' "$prefix/share/mime/globs2"
+fi
+if command -v mandoc > /dev/null; then
+    mandoc -T lint -W warning "$prefix"/share/man/man?/*
 fi
 if command -v groff > /dev/null; then
     for page in "$prefix"/share/man/man?/*; do
