@@ -173,6 +173,7 @@ void revsinglestepmacro() {
 std::optional<std::string> checkedmacro() {
     const std::string text = inp->value();
     if (sanitycheckmacro(text.c_str(), static_cast<int>(text.size())) == 0) {
+        // Deliberate: NOT-BUGS.md, "A message that belongs to something else"
         const char* reason = geterrorstring();
         showalert(("Macro screwed up:\n" + std::string(reason == nullptr ? "" : reason)).c_str());
         return std::nullopt;
