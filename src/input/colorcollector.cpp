@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "input/colorcollector.h"
 
+#include "input/collectorlayout.h"
 #include "input/coloring.h"
 #include "model/turns.h"
 #include "shell.h"
-#include "solver/cubecheck.h"
 
 #include <FL/Fl.H>
 #include <FL/Fl_Box.H>
@@ -16,9 +16,12 @@
 
 constinit int sanecube = 1;
 
-namespace {
+namespace collector {
 
-using namespace collector;
+constinit Fl_Button* buts[placecount] = {};
+constinit Fl_Button* facecolors[cubefacecount] = {};
+
+namespace {
 
 static_assert(namedblack == FL_BLACK);
 
@@ -32,11 +35,9 @@ class color_gizmo : public Fl_Window {
 
 // State
 
-constinit color_gizmo* gizmo = nullptr;              // null until the first use
-constinit Fl_Button* buts[placecount] = {};          // by place
-constinit Fl_Button* facecolors[cubefacecount] = {}; // by colour
-constinit Fl_Multiline_Output* message = nullptr;    // the verdict
-constinit int highlighted = -1;                      // place of the highlighted button; -1 for none
+constinit color_gizmo* gizmo = nullptr;           // null until the first use
+constinit Fl_Multiline_Output* message = nullptr; // the verdict
+constinit int highlighted = -1;                   // place of the highlighted button; -1 for none
 
 void paint(Fl_Button* button, unsigned color) {
     button->color(static_cast<Fl_Color>(color));
@@ -55,13 +56,9 @@ void setcolors() {
         paintfacelet(place);
     }
     for (int face = 0; face < cubefacecount; face++) {
-        facecolors[face]->label(collector::facenames[face]);
+        facecolors[face]->label(facenames[face]);
         paint(facecolors[face], flcubecolors[face]);
     }
-}
-
-void showmessage(const std::string& text) {
-    message->value(text.c_str());
 }
 
 void isvalidcube() {
@@ -70,19 +67,21 @@ void isvalidcube() {
     if (sanecube == 0) {
         message->wrap(1); // for good: the short text is not changed by it
     }
-    showmessage(text);
+    message->value(text.c_str());
+}
+
+void setlabel(Fl_Button* button, int size, Fl_Font font) {
+    button->labelsize(static_cast<uchar>(size));
+    button->labelfont(font);
+    button->redraw();
 }
 
 // Marks button i as the selected one, in place of the one marked before.
 void highlightbutton(int i) {
     if (highlighted >= 0) {
-        buts[highlighted]->labelsize(14);
-        buts[highlighted]->labelfont(FL_HELVETICA);
-        buts[highlighted]->redraw();
+        setlabel(buts[highlighted], plainsize, FL_HELVETICA);
     }
-    buts[i]->labelsize(18);
-    buts[i]->labelfont(FL_HELVETICA_BOLD);
-    buts[i]->redraw();
+    setlabel(buts[i], boldsize, FL_HELVETICA_BOLD);
     highlighted = i;
 }
 
@@ -101,28 +100,31 @@ void color_cb(Fl_Widget*, long face) {
     isvalidcube();
 }
 
+// A centre is left alone, and with it the verdict, which may be an older one.
 void flip_cb(Fl_Widget*, void*) {
-    flip(currentface);
-    setcolors(); // up to three buttons have changed; which, only flip() knows
-    isvalidcube();
+    if (flip(currentface)) {
+        setcolors(); // two or three buttons have changed; which, only flip() knows
+        isvalidcube();
+    }
 }
 
 void closecollector(Fl_Widget*, void*) {
-    sanecube = finish();
+    std::string reason;
+    sanecube = finish(reason);
     if (sanecube != 0) {
         needsredraw = 1; // the view has not followed the entries
         gizmo->hide();
         return;
     }
-    setcolors(); // finish() has recoloured the cube
-    showalert(("Cube coloration is invalid:\n" + std::string(geterrorstring())).c_str());
+    setcolors(); // finish() may have recoloured the cube
+    showalert(("Cube coloration is invalid:\n" + reason).c_str());
 }
 
+// The solved cube is legal: the verdict says so without being told.
 void resetcube(Fl_Widget*, void*) {
     initcubies();
     setcolors();
-    sanecube = 1;
-    showmessage("Valid Cube!");
+    isvalidcube();
 }
 
 void handlekeystroke(int key) {
@@ -151,53 +153,62 @@ int color_gizmo::handle(int event) {
     }
 }
 
-// Building. The net and the colour buttons lie where coloring.h says; all other places are here.
+// Building. All places are those of collectorlayout.h.
 
-Fl_Button* makebutton(spot where, int w, const char* label) {
-    auto* button = new Fl_Button(where.x, where.y, w, buttonsize, label);
+Fl_Button* makebutton(const area& at, const char* label) {
+    auto* button = new Fl_Button(at.x, at.y, at.w, at.h, label);
     button->clear_visible_focus(); // a focused button would take the space key for a click
     return button;
 }
 
 void makebuttons() {
     for (int place = 0; place < placecount; place++) {
-        buts[place] =
-            makebutton(faceletspot(place), buttonsize, butnames[static_cast<unsigned>(place)].text);
+        buts[place] = makebutton(faceletarea(place), butnames[static_cast<unsigned>(place)].text);
         buts[place]->callback(selectcubie, place);
     }
     for (int face = 0; face < cubefacecount; face++) {
-        facecolors[face] = makebutton(colorspot(face), buttonsize, collector::facenames[face]);
+        facecolors[face] = makebutton(colorarea(face), facenames[face]);
         facecolors[face]->callback(color_cb, face);
     }
-    makebutton({175, 420}, 75, "Flip/Rotate")->callback(flip_cb);
+    makebutton(fliparea, fliptext)->callback(flip_cb);
 }
 
-void maketext(int y, const char* text) {
-    auto* box = new Fl_Box(FL_NO_BOX, 260, y, 240, 115, text);
-    box->align(FL_ALIGN_WRAP | FL_ALIGN_INSIDE);
+Fl_Box* makebox(const area& at, const char* text) {
+    return new Fl_Box(FL_NO_BOX, at.x, at.y, at.w, at.h, text);
+}
+
+void makehelp(const area& at, const char* text) {
+    makebox(at, text)->align(FL_ALIGN_WRAP | FL_ALIGN_INSIDE);
+}
+
+void maketitle() {
+    Fl_Box* title = makebox(titlearea, titletext);
+    title->labelfont(FL_HELVETICA_BOLD);
+    title->labelsize(titlesize);
+}
+
+void makemessage() {
+    const area& at = messagearea;
+    message = new Fl_Multiline_Output(at.x, at.y, at.w, at.h);
+    message->clear_visible_focus(); // it would beep at backspace and keep it
 }
 
 void makegizmo() {
     setrgbfacecolors();
-    gizmo = new color_gizmo(510, 470, titletext);
-    auto* title = new Fl_Box(FL_NO_BOX, 120, 5, 250, 22, titletext);
-    title->labelfont(FL_HELVETICA_BOLD);
-    title->labelsize(20);
-    makebutton({10, 420}, 75, "Finish")->callback(closecollector);
-    makebutton({90, 420}, 80, "Reset")->callback(resetcube);
+    gizmo = new color_gizmo(dialogwidth, dialogheight, titletext);
+    maketitle();
+    makebutton(finisharea, finishtext)->callback(closecollector);
+    makebutton(resetarea, resettext)->callback(resetcube);
     makebuttons();
-    maketext(35, colorhelp);
-    maketext(285, selecthelp);
-    message = new Fl_Multiline_Output(10, 285, 115, 115);
-    message->clear_visible_focus(); // it would beep at backspace and keep it
+    makehelp(colorhelparea, colorhelp);
+    makehelp(selecthelparea, selecthelp);
+    makemessage();
     gizmo->end();
     gizmo->callback(closecollector); // of the window manager's button
     gizmo->set_modal();
 }
 
-} // namespace
-
-void colorcollector() {
+void opengizmo() {
     if (gizmo == nullptr) {
         makegizmo();
     }
@@ -205,4 +216,12 @@ void colorcollector() {
     gizmo->show();
     currentface = 0; // also after an earlier use
     highlightbutton(currentface);
+}
+
+} // namespace
+
+} // namespace collector
+
+void colorcollector() {
+    collector::opengizmo();
 }

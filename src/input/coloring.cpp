@@ -12,27 +12,10 @@ namespace collector {
 
 namespace {
 
-// ORDER FACE (ULFRBD): where the first button of each face lies.
-constexpr spot facespots[cubefacecount] = {
-    {135, 35 }, // 0 U
-    {10,  160}, // 1 L
-    {135, 160}, // 2 F
-    {260, 160}, // 3 R
-    {385, 160}, // 4 B
-    {135, 285}, // 5 D
-};
-
-// Between faces of the middle band lie five pixels more than between buttons.
-constexpr bool bandisregular() {
-    for (int face = 1; face <= 4; face++) {
-        if (facespots[face].x != 10 + (3 * buttonstep + 5) * (face - 1)) {
-            return false;
-        }
-    }
-    return true;
+// The place of the fifth facelet of a face.
+constexpr int centerof(int face) {
+    return faceplaces * face + 4;
 }
-
-static_assert(bandisregular());
 
 // A letter that is not there ends the compilation.
 constexpr int position(char letter) {
@@ -44,16 +27,6 @@ constexpr int position(char letter) {
 }
 
 } // namespace
-
-// ORDER FACE
-constexpr std::array<button_name, placecount> butnames = [] {
-    std::array<button_name, placecount> names = {};
-    for (unsigned place = 0; place < names.size(); place++) {
-        names[place].text[0] = "ULFRBD"[place / faceplaces];
-        names[place].text[1] = static_cast<char>('1' + place % faceplaces);
-    }
-    return names;
-}();
 
 // Rows in no particular order: Flip/Rotate searches them. The order of the places in a row counts.
 constexpr int rotcorners[cornercount][3] = {
@@ -89,7 +62,7 @@ constexpr bool eachplaceonce() {
     std::array<bool, placecount> seen = {};
     const auto take = [&seen](int place) {
         const bool fresh = !std::exchange(seen[static_cast<unsigned>(place)], true);
-        return fresh && place % faceplaces != 4;
+        return fresh && place != centerof(place / faceplaces);
     };
     for (const auto& row : rotcorners) {
         if (!take(row[0]) || !take(row[1]) || !take(row[2])) {
@@ -112,17 +85,6 @@ constinit unsigned allcolors[validcolorcount] = {};
 constinit char facenames[cubefacecount][2] = {};
 constinit unsigned flcubecolors[cubefacecount] = {};
 constinit int currentface = 0;
-
-spot faceletspot(int place) {
-    assert(place >= 0 && place < placecount);
-    const spot& first = facespots[place / faceplaces];
-    const int inface = place % faceplaces;
-    return {first.x + buttonstep * (inface % 3), first.y + buttonstep * (inface / 3)};
-}
-
-spot colorspot(int face) {
-    return {260 + buttonstep * face, 420};
-}
 
 unsigned rgb(double r, double g, double b) {
     if (r == 0 && g == 0 && b == 0) {
@@ -174,36 +136,68 @@ int colorofkey(int key) {
     return -1;
 }
 
-void flip(int place) {
+bool flip(int place) {
     for (const auto& row : rotcorners) {
         for (int i = 0; i < 3; i++) {
             if (row[i] == place) {
                 // Two swaps carry the colours round: a takes b's, b takes c's, c takes a's.
                 std::swap(cubecolors[place], cubecolors[row[(i + 1) % 3]]);
                 std::swap(cubecolors[row[(i + 1) % 3]], cubecolors[row[(i + 2) % 3]]);
-                return;
+                return true;
             }
         }
     }
     for (const auto& row : flipedges) {
         if (row[0] == place || row[1] == place) {
             std::swap(cubecolors[row[0]], cubecolors[row[1]]);
-            return;
+            return true;
         }
     }
+    return false;
 }
 
-int judge(std::string& text) {
-    // With every entry, so without the normalising, which would recolour half-entered cubes.
+namespace {
+
+// The solver's check is given edges and corners only: it would pass the solved cube with two equal
+// centres, and call another one wrong for what is right about it.
+bool centersdiffer() {
+    for (int face = 1; face < cubefacecount; face++) {
+        for (int other = 0; other < face; other++) {
+            if (cubecolors[centerof(face)] == cubecolors[centerof(other)]) {
+                return false;
+            }
+        }
+    }
+    return true;
+}
+
+constexpr char samecenters[] = "Two centers have the same color.";
+
+int checked(std::string& reason) {
     const int sane = sanitycheckcube(dumpcube());
-    text = sane != 0 ? "Valid Cube!" : "Invalid Cube:\n" + std::string(geterrorstring());
+    reason = sane != 0 ? "" : geterrorstring();
     return sane;
 }
 
-int finish() {
+} // namespace
+
+int judge(std::string& text) {
+    // With every entry, so without the normalising, which would recolour half-entered cubes.
+    std::string reason = samecenters;
+    const int sane = centersdiffer() ? checked(reason) : 0;
+    text = sane != 0 ? "Valid Cube!" : "Invalid Cube:\n" + reason;
+    return sane;
+}
+
+int finish(std::string& reason) {
+    // muckcube would recolour by the centres what nobody could colour back.
+    if (!centersdiffer()) {
+        reason = samecenters;
+        return 0;
+    }
     // The check reads colours as faces, which is right only with each centre at home.
     muckcube();
-    const int sane = sanitycheckcube(dumpcube());
+    const int sane = checked(reason);
     if (sane != 0) {
         unmuckcube();
     }

@@ -3,6 +3,7 @@
 // The colour collector and the dialog of the colour letters, by mouse and keyboard.
 //
 // The texts of the verdicts are held by coloring_test; here each must be another picture.
+#include "input/collectorlayout.h"
 #include "input/coloring.h"
 #include "window/windowtest.h"
 
@@ -42,12 +43,12 @@ class Collector : public windowtest {
     }
 
     void clickfacelet(int place) const {
-        const collector::spot at = collector::faceletspot(place);
+        const collector::area at = collector::faceletarea(place);
         click(at.x + 17, at.y + 17);
     }
 
     void clickcolor(int face) const {
-        const collector::spot at = collector::colorspot(face);
+        const collector::area at = collector::colorarea(face);
         click(at.x + 17, at.y + 17);
     }
 
@@ -73,7 +74,7 @@ class Collector : public windowtest {
 
     // The colour of a facelet's button, beside its label.
     rgb facelet(int place) const {
-        const collector::spot at = collector::faceletspot(place);
+        const collector::area at = collector::faceletarea(place);
         return look({at.x + 4, at.y + 4, 1, 1}).at(0, 0);
     }
 
@@ -187,6 +188,33 @@ TEST_F(Collector, FinishRefusesAnIllegalCube) {
     isrefused();
     clickflip();
     finishes();
+}
+
+// The solved cube with a green centre on U: its edges and corners alone would pass.
+TEST_F(Collector, FinishRefusesTwoCentresOfOneColourAndKeepsWhatWasEntered) {
+    open();
+    const picture blank = message();
+    clickfacelet(4);
+    clickcolor(1);
+    EXPECT_FALSE(message() == blank);
+    const picture entered = look();
+    clickfinish();
+    isrefused();
+    EXPECT_TRUE(look() == entered);
+    clickfacelet(4);
+    clickcolor(0);
+    finishes();
+}
+
+// On a fresh dialog the message area is empty, and stays so.
+TEST_F(Collector, FlipOnACentreChangesNothing) {
+    open();
+    for (int face = 0; face < cubefacecount; ++face) {
+        clickfacelet(9 * face + 4);
+        const picture before = look();
+        clickflip();
+        EXPECT_TRUE(look() == before) << face;
+    }
 }
 
 TEST_F(Collector, ARefusedCubeIsShownRecoloured) {
@@ -340,7 +368,7 @@ TEST_F(Collector, LabelsAreWhiteOnBlueAndBlackOnly) {
     vexel.setcolors("KBWSXY");
     open();
     for (int face = 0; face < cubefacecount; ++face) {
-        const collector::spot at = collector::colorspot(face);
+        const collector::area at = collector::colorarea(face);
         const picture label = look({at.x + 6, at.y + 6, 23, 23});
         const rgb background = label.commonest();
         int most = 0; // how far a pixel is from the background, brighter or darker
