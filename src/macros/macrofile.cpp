@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "macros/macrofile.h"
 
+#include "base/replacefile.h"
 #include "macros/library.h"
 #include "macros/preferences.h"
-#include "render/replacefile.h"
 #include "shell.h"
 
 #include <cstring>

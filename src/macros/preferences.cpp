@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "macros/preferences.h"
 
+#include "base/replacefile.h"
+#include "base/storetext.h"
 #include "macros/library.h"
 #include "macros/macrofile.h"
-#include "macros/storecheck.h"
 #include "model/turns.h"
 #include "render/colors.h"
-#include "render/replacefile.h"
 
 #include <FL/Fl_Preferences.H>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "render/eps.h"
 
+#include "base/replacefile.h"
 #include "model/cube.h"
-#include "render/replacefile.h"
 #include "render/view.h"
 #include "shell.h"
 

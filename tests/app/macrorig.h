@@ -9,7 +9,7 @@
 #pragma once
 
 #include "app/rig.h"
-#include "macros/scratch.h"
+#include "base/scratch.h"
 
 #include <functional>
 #include <gtest/gtest.h>

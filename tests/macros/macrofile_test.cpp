@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "base/scratch.h"
 #include "macros/library.h"
 #include "macros/macrofile.h"
 #include "macros/nullpreferences.h"
-#include "macros/scratch.h"
 #include "nullshell.h"
 
 #include <algorithm>

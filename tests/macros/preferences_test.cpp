@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "base/scratch.h"
 #include "macros/library.h"
 #include "macros/macrofile.h"
 #include "macros/preferences.h"
-#include "macros/scratch.h"
 #include "model/turns.h"
 #include "nullshell.h"
 #include "render/colors.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "macros/scratch.h"
+#include "base/scratch.h"
 #include "model/cube.h"
 #include "model/turns.h"
 #include "nullshell.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "render/replacefile.h"
+#include "base/replacefile.h"
 
 #include <cstdlib>
 #include <fcntl.h>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "macros/scratch.h"
-#include "render/replacefile.h"
+#include "base/replacefile.h"
+#include "base/scratch.h"
 
 #include <filesystem>
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "macros/storecheck.h"
+#include "base/storetext.h"
 
 #include <cctype>
 #include <cerrno>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "macros/scratch.h"
-#include "macros/storecheck.h"
+#include "base/scratch.h"
+#include "base/storetext.h"
 
 #include <FL/Fl_Preferences.H>
 
@@ -45,7 +45,7 @@ constexpr struct {
     {"carriage returns",          "[./a]\r\nx:1\r\n",                                   1},
 };
 
-class Storecheck : public testing::Test {
+class Storetext : public testing::Test {
   protected:
     int check(const std::string& lines) const {
         writefile(path, header + lines);
@@ -71,7 +71,7 @@ bool toolkitlives() {
 
 } // namespace
 
-TEST_F(Storecheck, TellsWhatTheToolkitCanRead) {
+TEST_F(Storetext, TellsWhatTheToolkitCanRead) {
     for (const auto& row : cases) {
         EXPECT_EQ(row.sound, check(row.lines)) << row.name;
         if (row.sound != 0) {
@@ -80,32 +80,32 @@ TEST_F(Storecheck, TellsWhatTheToolkitCanRead) {
     }
 }
 
-TEST_F(Storecheck, GroupsHaveALimit) {
+TEST_F(Storetext, GroupsHaveALimit) {
     EXPECT_EQ(1, check("[./" + std::string(118, 'g') + "]\n"));
     EXPECT_TRUE(toolkitlives());
     EXPECT_EQ(0, check("[./" + std::string(119, 'g') + "]\n"));
 }
 
-TEST_F(Storecheck, LongLinesCountAsSeveral) {
+TEST_F(Storetext, LongLinesCountAsSeveral) {
     const std::string filler(1023, 'x');
     EXPECT_EQ(1, check(filler + "x[nogroup]\n"));
     EXPECT_EQ(0, check(filler + "[nogroup]\n"));
     EXPECT_EQ(0, check(filler + "\n;\n" + filler + ";c\n+7\n"));
 }
 
-TEST_F(Storecheck, TheHeaderIsNotLookedAt) {
+TEST_F(Storetext, TheHeaderIsNotLookedAt) {
     writefile(path, "[x]\n+1\nab\\\nspeed:7\n");
     EXPECT_EQ(1, soundstore(path.c_str()));
 }
 
-TEST_F(Storecheck, AMissingStoreIsSoundAndAnUnreadableOneIsNot) {
+TEST_F(Storetext, AMissingStoreIsSoundAndAnUnreadableOneIsNot) {
     EXPECT_EQ(1, soundstore(home.file("none").c_str()));
     EXPECT_EQ(0, soundstore(home.file("").c_str()));
     EXPECT_EQ(0, soundstore("/dev/null/x"));
 }
 
 // The toolkit lives through every store that passes, whatever it was put together from.
-TEST_F(Storecheck, WhatPassesDoesNotHarmTheToolkit) {
+TEST_F(Storetext, WhatPassesDoesNotHarmTheToolkit) {
     constexpr const char* pieces[] = {"[./Vexelprefs]",
                                       "[.]",
                                       "[",

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// storecheck: whether a preferences file is one that the toolkit can read.
+// storetext: whether a preferences file is one that the toolkit can read.
 //
 // Purpose   the toolkit trusts what it once wrote. On a file that a person edited it may read
 //           through a null pointer or beyond a text. Such a file is not opened at all: it is left

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "macros/scratch.h"
+#include "base/scratch.h"
 
 #include <csignal>
 #include <cstdlib>
