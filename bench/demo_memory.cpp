@@ -6,7 +6,7 @@
 // resident. Ends with status 1 if the last reading is more than 1% above the first, which is taken
 // after a tenth of the time, or if the cube has left the states that the demo's macro goes through.
 #include "model/cube.h"
-#include "model/notation.h"
+#include "model/parser.h"
 #include "model/turns.h"
 #include "window/program.h"
 

@@ -12,7 +12,7 @@
 #include "macros/macrofile.h"
 #include "macros/preferences.h"
 #include "model/cube.h"
-#include "model/notation.h"
+#include "model/parser.h"
 #include "model/permutation.h"
 #include "model/recording.h"
 #include "model/turns.h"

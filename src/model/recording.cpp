@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "model/recording.h"
 
-#include "model/notation.h"
+#include "model/parser.h"
 #include "shell.h"
 
 #include <cstring>

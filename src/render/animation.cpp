@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "render/animation.h"
 
-#include "model/notation.h"
+#include "model/parser.h"
 #include "model/turns.h"
 #include "render/cubies.h"
 #include "render/glwrap.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "render/cube_box.h"
 
-#include "model/notation.h"
+#include "model/parser.h"
 #include "render/animation.h"
 #include "render/glwrap.h"
 #include "render/projection.h"

@@ -7,7 +7,7 @@
 #include "app/mainwindow.h"
 #include "app/messages.h"
 #include "model/cube.h"
-#include "model/notation.h"
+#include "model/parser.h"
 #include "model/recording.h"
 #include "model/turns.h"
 #include "model/undo.h"

@@ -3,7 +3,7 @@
 // demomacro: the macros that the demo makes up, and what it takes of a long one.
 #include "app/demomacro.h"
 #include "model/cube.h"
-#include "model/notation.h"
+#include "model/parser.h"
 #include "model/turns.h"
 #include "model/undo.h"
 #include "nullshell.h"

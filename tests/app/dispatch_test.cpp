@@ -6,7 +6,7 @@
 #include "app/my_input.h"
 #include "app/rig.h"
 #include "model/cube.h"
-#include "model/notation.h"
+#include "model/parser.h"
 #include "model/recording.h"
 #include "model/turns.h"
 #include "model/undo.h"

@@ -4,7 +4,7 @@
 #include "app/my_input.h"
 #include "app/rig.h"
 #include "model/cube.h"
-#include "model/notation.h"
+#include "model/parser.h"
 #include "model/turns.h"
 #include "model/undo.h"
 #include "render/cube_box.h"

@@ -6,7 +6,7 @@
 #include "app/mainwindow.h"
 #include "app/my_input.h"
 #include "model/cube.h"
-#include "model/notation.h"
+#include "model/parser.h"
 #include "model/turns.h"
 #include "model/undo.h"
 #include "render/animation.h"

@@ -7,7 +7,7 @@
 #include "app/rig.h"
 #include "app/solvecube.h"
 #include "model/cube.h"
-#include "model/notation.h"
+#include "model/parser.h"
 
 #include <FL/Fl_Window.H>
 #include <X11/keysym.h>

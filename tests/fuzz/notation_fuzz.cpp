@@ -3,7 +3,7 @@
 // Feeds bytes to everything that reads a macro. The first byte chooses the mode, so that one corpus
 // serves them all. Found crashes become cases of notation_test.
 #include "model/cube.h"
-#include "model/notation.h"
+#include "model/parser.h"
 #include "model/turns.h"
 #include "nullshell.h"
 

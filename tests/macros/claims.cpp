@@ -2,7 +2,7 @@
 #include "macros/claims.h"
 
 #include "model/cube.h"
-#include "model/notation.h"
+#include "model/parser.h"
 
 #include <algorithm>
 #include <set>

@@ -2,7 +2,7 @@
 #include "macros/claims.h"
 #include "macros/library.h"
 #include "macros/nullpreferences.h"
-#include "model/notation.h"
+#include "model/parser.h"
 #include "nullshell.h"
 
 #include <algorithm>

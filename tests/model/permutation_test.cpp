@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "model/notation.h"
+#include "model/parser.h"
 #include "model/permutation.h"
 #include "model/slowcube.h"
 #include "nullshell.h"

@@ -2,7 +2,7 @@
 //
 // The parser, whose rounds are multiplied, against one that does every round.
 #include "model/cube.h"
-#include "model/notation.h"
+#include "model/parser.h"
 #include "model/recording.h"
 #include "model/rounds.h"
 #include "model/slowparser.h"

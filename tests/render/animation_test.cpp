@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "heapcount.h"
 #include "model/cube.h"
-#include "model/notation.h"
+#include "model/parser.h"
 #include "model/recording.h"
 #include "model/turns.h"
 #include "model/undo.h"

@@ -3,7 +3,7 @@
 // The events need no screen. The frames are painted by the real OpenGL on a virtual one, and looked
 // at as a person would, by a picture of the screen.
 #include "model/cube.h"
-#include "model/notation.h"
+#include "model/parser.h"
 #include "model/turns.h"
 #include "nullshell.h"
 #include "render/animation.h"

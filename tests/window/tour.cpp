@@ -9,7 +9,7 @@
 //           wrong call.
 // Callers   script/run.
 #include "model/cube.h"
-#include "model/notation.h"
+#include "model/parser.h"
 #include "window/program.h"
 
 #include <cstdio>

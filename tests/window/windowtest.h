@@ -7,7 +7,7 @@
 #pragma once
 
 #include "model/cube.h"
-#include "model/notation.h"
+#include "model/parser.h"
 #include "model/turns.h"
 #include "window/program.h"
 

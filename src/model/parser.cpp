@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "model/notation.h"
+#include "model/parser.h"
 
 #include "model/recording.h"
 #include "model/rounds.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "model/cube.h"
-#include "model/notation.h"
+#include "model/parser.h"
 #include "model/recording.h"
 #include "model/turns.h"
 #include "model/undo.h"
