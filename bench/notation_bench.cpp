@@ -3,6 +3,7 @@
 // The notation: what a text of any size costs to check, count and parse, and what a full queue
 // does. The first ones must fit N with a small error; a full queue must take less than 20 us.
 #include "model/cube.h"
+#include "model/notation.h"
 #include "model/parser.h"
 #include "model/turns.h"
 

@@ -7,6 +7,7 @@
 #include "app/messages.h"
 #include "app/ownrandom.h"
 #include "model/cube.h"
+#include "model/notation.h"
 #include "model/parser.h"
 #include "model/recording.h"
 #include "model/turns.h"

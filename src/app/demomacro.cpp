@@ -2,6 +2,7 @@
 #include "app/demomacro.h"
 
 #include "model/cube.h"
+#include "model/notation.h"
 #include "model/parser.h"
 #include "model/turns.h"
 

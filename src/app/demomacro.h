@@ -16,7 +16,7 @@ extern const char badpair[badpaircount][3]; // a face turn directly followed by 
 
 // A macro of face and slice turns whose full cycle, repeated until the cube is solved again, takes
 // 60 to 250 turns, counted roughly: the order times two more than the rounds of drawing. Resets the
-// cube and works with calcorder (model/notation.h): the order of each macro that was tried is shown
+// cube and works with calcorder (model/parser.h): the order of each macro that was tried is shown
 // unless displayorder is 0, and its turns end in the undo buffer. The cube is solved afterwards.
 std::string makeupmacro();
 

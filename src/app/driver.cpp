@@ -5,6 +5,7 @@
 #include "app/mainwindow.h"
 #include "app/messages.h"
 #include "app/my_input.h"
+#include "model/notation.h"
 #include "model/parser.h"
 #include "model/turns.h"
 #include "render/cube_box.h"

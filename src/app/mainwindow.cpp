@@ -5,7 +5,7 @@
 #include "app/menu.h"
 #include "app/my_input.h"
 #include "macros/library.h"
-#include "model/parser.h"
+#include "model/notation.h"
 #include "render/cube_box.h"
 
 #include <FL/Fl.H>

@@ -5,7 +5,7 @@
 #include "input/colorcollector.h"
 #include "macros/preferences.h"
 #include "model/cube.h"
-#include "model/parser.h"
+#include "model/notation.h"
 #include "model/turns.h"
 #include "render/colors.h"
 #include "shell.h"

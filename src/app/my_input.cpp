@@ -2,7 +2,7 @@
 #include "app/my_input.h"
 
 #include "app/driver.h"
-#include "model/parser.h"
+#include "model/notation.h"
 #include "model/turns.h"
 #include "shell.h"
 

@@ -7,7 +7,7 @@
 #include "app/messages.h"
 #include "app/my_input.h"
 #include "model/cube.h"
-#include "model/parser.h"
+#include "model/notation.h"
 #include "model/permutation.h"
 #include "model/turns.h"
 #include "solver/solver.h"

@@ -2,6 +2,7 @@
 #include "macros/library.h"
 
 #include "macros/preferences.h"
+#include "model/notation.h"
 #include "model/parser.h"
 #include "shell.h"
 

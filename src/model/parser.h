@@ -1,21 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// notation: macros, that is texts in the move notation: checked, counted, converted from the
-// Singmaster form, parsed into the turn queue or onto the cube, and parsed backwards.
-//
-// The notation, read from left to right:
-//
-//   U D L R F B     a face, clockwise; in lower case counter-clockwise     codes 0..11
-//   *F ... *D       the middle layer beside that face, in its direction    codes 12..17
-//   >R ... >B       the whole cube, in that face's direction               codes 18..23
-//   3(...)          the group three times. A count is any run of digits and counts only directly
-//                   before "("; a group without a count, or with count 0, is skipped whole
-//   s(...)          resets the cube, does the group until the cube is solved and tells how often
-//   x               resets the cube
-//   anything else   is passed over
-//
-// After "*" or ">" the next character is always part of the pair: "*u" and "*(" do nothing, and
-// such a bracket opens no group. A group without its ")" is passed over with all that follows it.
+// parser: does what a macro says (notation.h): into the turn queue or onto the cube, forwards or
+// backwards; finds orders; and lets the turn that was animated land.
 //
 // State     the globals below, and the turn queue (turns.h).
 // Modes     parsing 1, queueing: codes are appended to the turn queue and the cube stands still
@@ -42,7 +28,7 @@ constexpr int saveparsesize = 3;      // a turn's notation and its NUL
 extern char saveparse[saveparsesize]; // the notation that waits for doparsestring
 extern int saveparselen;              // its length: 0 for none, 1 or 2
 
-void initnotation(); // all of the above back to the initial values; for tests
+void initparser(); // all of the above back to the initial values; for tests
 
 // Parsing
 
@@ -70,40 +56,13 @@ void revparsestring(const char* text, int length);
 
 // The order of a macro: how often it must be applied to the solved cube until each face is of one
 // colour again. Works by parsing "s(" macro ")" in direct mode, whatever that does: nothing is
-// checked or converted, the order is shown, and the turns of all applications end in the undo
-// buffer. The colours of the cube are restored, cubefaces is not. Marks the macro line as changed,
-// sets needsredraw. Returns macorder, which is an older one if the macro closes no group.
+// checked or converted, and the turns of all applications end in the undo buffer. The colours of
+// the cube are restored, cubefaces is not; then the order is shown. Marks the macro line as
+// changed, sets needsredraw. Returns macorder, an older one if the macro closes no group.
 int calcorder(const char* macro);
 
-// Characters
-
-[[nodiscard]] char flipcase(char c); // 32 less for a character above 'Z', 32 more for any other
-[[nodiscard]] char flipdir(char c);  // the opposite face: F-B, U-D, R-L; a blank for any other
-[[nodiscard]] int istwist(char c);   // 1 for B F U D L R in upper case, else 0
-
-// Checking and counting
-
-// 1 if text is a macro that may be parsed, else 0. The empty text is good. Allowed are face letters
-// of either case, digits, "s", "(" directly behind a digit or an "s", ")" with a group open, and
-// "*" or ">" with a character behind it, which is not looked at. All groups must be closed. A text
-// that starts with "[" has the macro line converted (parsesingmaster) and checked in its place; if
-// that fails the answer is 0 and the line stays as it was. "x" is not allowed.
-[[nodiscard]] int sanitycheckmacro(const char* text, int length);
-
-// Converts the macro line, whatever it starts with, from the Singmaster form: a face letter counts
-// once, "R'" becomes "r", "R2" becomes "RR", anything else is dropped, "]" ends it. The result
-// replaces the line and its length is shown: 1. Without a "]" the line stays as it was: 0.
-int parsesingmaster();
-
-// The number of quarter turns in text, or -1 if a count is not followed by "(" or a "(" has no ")".
-// Purely by character: each face letter of either case counts, also behind "*" and ">"; letters in
-// a group without a count count once; a stray ")" and all else is ignored. INT_MAX stands for more.
-[[nodiscard]] int maclen(const char* text, int length);
-
-void loadout(const char* text); // shows maclen of text in the length read-out, "*****" for -1
-
-// Landing. The animation hands the notation of a turn over on its last frame; the view has it
-// applied when that frame is painted.
+// Landing: the moment when an animated turn is applied to the cube. The animation hands the turn's
+// notation over on its last frame; the view has it applied when that frame is painted.
 
 void sparsestring(const char* text, int length); // remembers the first two characters at most
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "model/recording.h"
 
-#include "model/parser.h"
+#include "model/notation.h"
 #include "shell.h"
 
 #include <cstring>
@@ -12,18 +12,12 @@ constinit int undoing = 0;
 constinit int recording = 0;
 constinit char facemoves[facemovessize] = "";
 constinit int facecount = 0;
-constinit unsigned char savecubedata[placecount] = {};
-constinit unsigned char savecubedatax[placecount] = {};
-constinit int issavedcube = 0;
 
 void initrecording() {
     undoing = 0;
     recording = 0;
     memset(facemoves, 0, sizeof facemoves);
     facecount = 0;
-    memset(savecubedata, 0, sizeof savecubedata);
-    memset(savecubedatax, 0, sizeof savecubedatax);
-    issavedcube = 0;
 }
 
 // Recording
@@ -93,27 +87,4 @@ void undorecord() {
         showline();
     }
     macrolinechanged();
-}
-
-// Copies of the colours
-
-void savecube() {
-    if (issavedcube == 0) {
-        memcpy(savecubedata, cubecolors, sizeof cubecolors);
-        labelsavebutton("Restore Cube");
-        issavedcube = 1;
-    } else {
-        // Deliberate: NOT-BUGS.md, "A saved cube is its colours"
-        memcpy(cubecolors, savecubedata, sizeof cubecolors);
-        labelsavebutton("Save Cube");
-        issavedcube = 0;
-    }
-}
-
-void savecubex() {
-    memcpy(savecubedatax, cubecolors, sizeof cubecolors);
-}
-
-void restorecubex() {
-    memcpy(cubecolors, savecubedatax, sizeof cubecolors);
 }

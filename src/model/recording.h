@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: MIT
 //
-// recording: the recorded macro, and the two single copies of the cube's colours.
+// recording: the macro that is written while turns are made.
 //
-// State     below. The macro line and the labels of two buttons follow it through the seam
-//           (shell.h): the texts "Record On"/"Record Off" and "Save Cube"/"Restore Cube".
-// Callers   notation (record, savecubex, restorecubex); the commands Record, Undo and Save Cube;
-//           recordstop from every command that ends a recording.
-// Order     nothing to set up: not recording, nothing saved.
+// State     below. The macro line and the label of a button follow it through the seam (shell.h):
+//           "Record On" or "Record Off".
+// Callers   parser (record); the commands Record and Undo; recordstop from every command that ends
+//           a recording.
+// Order     nothing to set up: not recording.
 #pragma once
-
-#include "model/cube.h"
 
 // The shell's flag: 1 from the Undo command until the next turn has passed record(), which is to be
 // the inverse turn; else 0. undo.cpp has a private variable of the same name and another lifetime.
@@ -36,15 +34,5 @@ void record(const char* text);
 // Takes the last character, not the last turn, off the recording and shows what is left. Without a
 // recording or with an empty one: nothing.
 void undorecord();
-
-// Copies of the colours. cubefaces and the undo buffer are not part of them.
-
-extern unsigned char savecubedata[placecount];  // the user's copy
-extern unsigned char savecubedatax[placecount]; // the order computation's copy
-extern int issavedcube;                         // 1 while savecubedata holds a cube to restore
-
-void savecube();     // saves the colours, or restores them if some are saved; relabels the button
-void savecubex();    // copies the colours to savecubedatax
-void restorecubex(); // and back
 
 void initrecording(); // all of the above back to the initial values, without a word; for tests

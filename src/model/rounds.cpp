@@ -2,7 +2,6 @@
 #include "model/rounds.h"
 
 #include "model/turns.h"
-#include "model/undo.h"
 
 #include <cassert>
 #include <cstring>
@@ -10,62 +9,21 @@
 
 namespace {
 
-// Codes
+// Permutations: came[p] is the place that the facelet at p came from.
 
-constexpr size_t keptcodes = undolimit + undodrop;
-
-// Drops from the front what the undo buffer would have dropped by the end.
-void trim(std::string& codes) {
-    if (codes.size() > keptcodes) {
-        const size_t excess = codes.size() - keptcodes;
-        codes.erase(0, (excess + undodrop - 1) / undodrop * undodrop);
-    }
-}
-
-// The codes of count rounds, trimmed, without writing out those that would be dropped: filled from
-// the end, where only the last undolimit + 1 need be exact.
-std::string multiplied(const std::string& codes, int count) {
-    const size_t total = codes.size() * static_cast<size_t>(count);
-    const size_t length =
-        total > keptcodes ? undolimit + 1 + (total - undolimit - 1) % undodrop : total;
-    std::string result(length, '\0');
-    for (size_t end = length; end > 0;) {
-        const size_t taken = end < codes.size() ? end : codes.size();
-        result.replace(end - taken, taken, codes, codes.size() - taken, taken);
-        end -= taken;
-    }
-    return result;
-}
-
-// To the round around this one, or at top level to the undo buffer, where an undo that is under way
-// takes the first of them for its own.
-void landcodes(landing& to, const std::string& codes) {
-    if (!to.open.empty()) {
-        std::string& outer = to.open.back().codes;
-        outer += codes;
-        trim(outer);
-        return;
-    }
-    for (char code : codes) {
-        undosave(code);
-    }
-}
-
-// Permutations: row[p] is the place that the facelet at p came from.
-
-void apply(const unsigned char* row, const unsigned char* from, unsigned char* to) {
+void apply(const unsigned char* came, const unsigned char* from, unsigned char* to) {
     for (int p = 0; p < placecount; p++) {
-        to[p] = from[row[p]];
+        to[p] = from[came[p]];
     }
 }
 
 // Each cycle is walked once; count steps along it are count modulo its length.
-void power(const unsigned char* row, int count, unsigned char* result) {
+void power(const unsigned char* came, int count, unsigned char* result) {
     bool done[placecount] = {};
     unsigned char cycle[placecount];
     for (int start = 0; start < placecount; start++) {
         int length = 0;
-        for (unsigned char p = static_cast<unsigned char>(start); !done[p]; p = row[p]) {
+        for (unsigned char p = static_cast<unsigned char>(start); !done[p]; p = came[p]) {
             done[p] = true;
             cycle[length++] = p;
         }
@@ -77,47 +35,58 @@ void power(const unsigned char* row, int count, unsigned char* result) {
 
 // Ending rounds
 
-round takeround(landing& to) {
-    assert(!to.open.empty());
-    round done = std::move(to.open.back());
-    to.open.pop_back();
+group_round takeround(parse_rounds& rounds) {
+    assert(!rounds.open.empty());
+    group_round done = std::move(rounds.open.back());
+    rounds.open.pop_back();
     return done;
 }
 
 // What the round around this one did before the reset is of no account any more.
-void markreset(landing& to) {
-    if (!to.open.empty()) {
-        to.open.back().reset = true;
+void markreset(parse_rounds& rounds) {
+    if (!rounds.open.empty()) {
+        rounds.open.back().reset = true;
     }
+}
+
+// To the round around this one, or at top level to the undo buffer.
+void landrounds(parse_rounds& rounds, const undo_series& landed, int count) {
+    if (!rounds.open.empty()) {
+        addseries(rounds.open.back().landed, landed, count);
+        return;
+    }
+    undo_series all;
+    addseries(all, landed, count);
+    undosaveseries(all);
 }
 
 // Read while they are written, behind themselves: the queue never moves.
-int queuerounds(const round& done, int count) {
+bool queuerounds(const group_round& done, int count) {
     const int end = turnptr;
     if (end == done.start) {
-        return 1; // a billion rounds of nothing
+        return true; // a billion rounds of nothing
     }
     for (int next = 1; next < count; next++) {
         for (int i = done.start; i < end; i++) {
-            if (queueturn(turns[i]) == 0) {
-                return 0;
+            if (!queueturn(turns[i])) {
+                return false;
             }
         }
     }
-    return 1;
+    return true;
 }
 
 // After a reset within the round all rounds end alike, and the cube stands as it should.
-void applyrounds(landing& to, const round& done, int count) {
+void applyrounds(parse_rounds& rounds, const group_round& done, int count) {
     if (done.reset) {
-        markreset(to);
+        markreset(rounds);
     } else {
         unsigned char all[placecount];
         power(cubefaces, count, all);
         apply(all, done.savedcolors, cubecolors);
         apply(all, done.savedplaces, cubefaces);
     }
-    landcodes(to, multiplied(done.codes, count));
+    landrounds(rounds, done.landed, count);
 }
 
 // The cube has had one round from solved; gives it further ones. Ends, for some power of a
@@ -138,49 +107,48 @@ int roundstosolved() {
 } // namespace
 
 // In a round the turn is done on the cube that stands in for the real one.
-int landturn(landing& to, int code) {
-    if (to.queueing) {
+bool doturn(parse_rounds& rounds, int code) {
+    if (rounds.queueing) {
         return queueturn(code);
     }
     applyturn(code);
-    if (to.open.empty()) {
+    if (rounds.open.empty()) {
         undosave(code);
     } else {
-        to.open.back().codes.push_back(static_cast<char>(code));
-        trim(to.open.back().codes);
+        addturn(rounds.open.back().landed, code);
     }
-    return 1;
+    return true;
 }
 
-void landreset(landing& to) {
+void doreset(parse_rounds& rounds) {
     initcubies();
-    markreset(to);
+    markreset(rounds);
 }
 
-void beginround(landing& to) {
-    round& begun = to.open.emplace_back();
+void beginround(parse_rounds& rounds) {
+    group_round& begun = rounds.open.emplace_back();
     begun.start = turnptr;
-    if (!to.queueing) {
+    if (!rounds.queueing) {
         memcpy(begun.savedcolors, cubecolors, sizeof cubecolors);
         memcpy(begun.savedplaces, cubefaces, sizeof cubefaces);
         initcubies();
     }
 }
 
-int endrounds(landing& to, int count) {
+bool endrounds(parse_rounds& rounds, int count) {
     assert(count >= 1);
-    const round done = takeround(to);
-    if (to.queueing) {
+    const group_round done = takeround(rounds);
+    if (rounds.queueing) {
         return queuerounds(done, count);
     }
-    applyrounds(to, done, count);
-    return 1;
+    applyrounds(rounds, done, count);
+    return true;
 }
 
-void endorder(landing& to) {
-    assert(!to.queueing);
-    const round done = takeround(to);
+void endorder(parse_rounds& rounds) {
+    assert(!rounds.queueing);
+    const group_round done = takeround(rounds);
     const int order = done.reset ? solved() : roundstosolved();
-    to.orders.push_back(order);
-    landcodes(to, multiplied(done.codes, order != 0 ? order : 2));
+    rounds.orders.push_back(order);
+    landrounds(rounds, done.landed, order != 0 ? order : 2);
 }

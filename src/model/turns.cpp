@@ -5,34 +5,6 @@
 
 #include <cassert>
 
-// ORDER TURN: text, kind of turn, face (ORDER FACE), quarter turns of it.
-constexpr turn_row turn_table[turncount] = {
-    {"U",  face_turn,  0, 1}, //  0
-    {"u",  face_turn,  0, 3}, //  1
-    {"D",  face_turn,  5, 1}, //  2
-    {"d",  face_turn,  5, 3}, //  3
-    {"L",  face_turn,  1, 1}, //  4
-    {"l",  face_turn,  1, 3}, //  5
-    {"R",  face_turn,  3, 1}, //  6
-    {"r",  face_turn,  3, 3}, //  7
-    {"F",  face_turn,  2, 1}, //  8
-    {"f",  face_turn,  2, 3}, //  9
-    {"B",  face_turn,  4, 1}, // 10
-    {"b",  face_turn,  4, 3}, // 11
-    {"*F", slice_turn, 2, 1}, // 12
-    {"*B", slice_turn, 4, 1}, // 13
-    {"*L", slice_turn, 1, 1}, // 14
-    {"*R", slice_turn, 3, 1}, // 15
-    {"*U", slice_turn, 0, 1}, // 16
-    {"*D", slice_turn, 5, 1}, // 17
-    {">R", cube_turn,  3, 1}, // 18
-    {">L", cube_turn,  1, 1}, // 19
-    {">U", cube_turn,  0, 1}, // 20
-    {">D", cube_turn,  5, 1}, // 21
-    {">F", cube_turn,  2, 1}, // 22
-    {">B", cube_turn,  4, 1}, // 23
-};
-
 // ORDER TURN
 constexpr int inversemove[turncount] = {
     1,  0,  3,  2,  5,  4,  // U D L
@@ -102,14 +74,14 @@ void applyturn(int code) {
 
 // One entry is kept for the end mark, which is written anew with each code, so that the driver may
 // read at any time.
-int queueturn(int code) {
+bool queueturn(int code) {
     assert(code >= 0 && code < turncount);
     if (turnptr >= queuesize - 1) {
-        return 0;
+        return false;
     }
     turns[turnptr++] = code;
     turns[turnptr] = noturn;
-    return 1;
+    return true;
 }
 
 void clearqueue() {

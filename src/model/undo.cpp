@@ -51,3 +51,52 @@ void undo() {
 }
 
 void redo() {}
+
+// Series
+
+namespace {
+
+constexpr size_t keptcodes = undolimit + undodrop;
+
+// Drops from the front what the buffer would have dropped by the end.
+void trim(std::string& codes) {
+    if (codes.size() > keptcodes) {
+        const size_t excess = codes.size() - keptcodes;
+        codes.erase(0, (excess + undodrop - 1) / undodrop * undodrop);
+    }
+}
+
+// The codes times over, trimmed, without writing out those that would be dropped: filled from the
+// end, where only the last undolimit + 1 need be exact.
+std::string repeated(const std::string& codes, int times) {
+    const size_t total = codes.size() * static_cast<size_t>(times);
+    const size_t length =
+        total > keptcodes ? undolimit + 1 + (total - undolimit - 1) % undodrop : total;
+    std::string result(length, '\0');
+    for (size_t end = length; end > 0;) {
+        const size_t taken = end < codes.size() ? end : codes.size();
+        result.replace(end - taken, taken, codes, codes.size() - taken, taken);
+        end -= taken;
+    }
+    return result;
+}
+
+} // namespace
+
+void addturn(undo_series& series, int code) {
+    series.codes.push_back(static_cast<char>(code));
+    trim(series.codes);
+}
+
+void addseries(undo_series& series, const undo_series& more, int times) {
+    series.codes += repeated(more.codes, times);
+    trim(series.codes);
+}
+
+// An undo that is under way takes the first code for its own, be it the first of the series or the
+// first that was kept: either way one code less is stored, and the buffer ends the same.
+void undosaveseries(const undo_series& series) {
+    for (char code : series.codes) {
+        undosave(code);
+    }
+}

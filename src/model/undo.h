@@ -6,10 +6,12 @@
 //           inverse turn until that turn lands. recording.h has another variable of that name, the
 //           shell's; the two are set together and cleared apart, and must not become one.
 // Units     turn codes 0..23 (turns.h), the oldest first.
-// Callers   notation hands every turn over that is applied in direct mode; the Undo and Reset
-//           commands. Scrambles, restored and entered cubes leave the buffer as it is.
+// Callers   parser and rounds hand every turn over that is applied in direct mode; the Undo and
+//           Reset commands. Scrambles, restored and entered cubes leave the buffer as it is.
 // Order     nothing to set up: an empty buffer.
 #pragma once
+
+#include <string>
 
 constexpr int undosize = 1000;
 constexpr int undolimit = 800; // one more than this many and the oldest 500 are forgotten at once
@@ -31,3 +33,20 @@ void undosave(int code);
 void undo();
 
 void redo(); // does nothing, by design: there is no redo
+
+// A series of turns that lands at once, as the rounds of a group do. It may be longer than anybody
+// could wait for, so of it is kept what the buffer can tell. As that forgets its oldest 500 codes
+// whenever it has more than 800, it holds at most the last 800 of a long series, and how many
+// depends on the length of the series modulo 500 alone. Whenever a series has more than 1300 codes
+// its first 500 are therefore dropped, and the buffer never sees the difference.
+
+struct undo_series {
+    std::string codes; // one a character
+};
+
+void addturn(undo_series& series, int code);
+
+// Adds more, times over; times >= 0. Takes no longer than for 1300 codes.
+void addseries(undo_series& series, const undo_series& more, int times);
+
+void undosaveseries(const undo_series& series); // stores it as undosave() would, code by code

@@ -3,7 +3,7 @@
 // animation: one frame of the cube, still or in the middle of a quarter turn, and its rear view.
 //
 // Purpose   turns turnmode and ttime (turns.h) into squares of the face list, and on the last frame
-//           of a turn hands its notation to sparsestring (notation.h), so that the cube changes
+//           of a turn hands its notation to sparsestring (parser.h), so that the cube changes
 //           once, after that frame was painted.
 // State     showrear, drawingmain, below.
 // Units     at frame t of T = TURNTIME the moving part stands at 90 * t / T degrees. The main view

@@ -5,6 +5,7 @@
 // A line that is a macro is a cube made from the solved one by that macro; anything else is taken
 // for the twenty names of a cube's cubies (solver/cubecheck.h) and judged as such.
 #include "model/cube.h"
+#include "model/notation.h"
 #include "model/parser.h"
 #include "model/permutation.h"
 #include "shell.h"

@@ -30,7 +30,7 @@ class Demo : public testing::Test {
             makeform("Vexel's Cube Simulator");
         }
         initturns();
-        initnotation();
+        initparser();
         initundo();
         initrecording();
         initcubies();

@@ -3,6 +3,7 @@
 // demomacro: the macros that the demo makes up, and what it takes of a long one.
 #include "app/demomacro.h"
 #include "model/cube.h"
+#include "model/notation.h"
 #include "model/parser.h"
 #include "model/turns.h"
 #include "model/undo.h"
@@ -19,7 +20,7 @@ class DemoMacro : public testing::Test {
   protected:
     void SetUp() override {
         resetshell();
-        initnotation();
+        initparser();
         initturns();
         initundo();
         initcubies();

@@ -6,7 +6,6 @@
 #include "app/my_input.h"
 #include "macros/library.h"
 #include "model/cube.h"
-#include "model/parser.h"
 #include "model/turns.h"
 #include "shell.h"
 

@@ -62,7 +62,7 @@ void openwindow() {
     initcubies();
     initundo();
     initturns();
-    initnotation();
+    initparser();
     singlestepptr = 0;
     tryhard = 0;
     showrear = 1;

@@ -3,6 +3,7 @@
 // Feeds bytes to everything that reads a macro. The first byte chooses the mode, so that one corpus
 // serves them all. Found crashes become cases of notation_test.
 #include "model/cube.h"
+#include "model/notation.h"
 #include "model/parser.h"
 #include "model/turns.h"
 #include "nullshell.h"
@@ -20,7 +21,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const int length = static_cast<int>(text.size());
     initcubies();
     initturns();
-    initnotation();
+    initparser();
     shell.line = text;
     parsing = data[0] & 1;
     if ((data[0] & 2) != 0) {

@@ -4,7 +4,7 @@
 #include "macros/claims.h"
 #include "macros/library.h"
 #include "macros/macrofile.h"
-#include "model/parser.h"
+#include "model/notation.h"
 #include "nullshell.h"
 
 #include <algorithm>

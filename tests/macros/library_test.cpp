@@ -20,7 +20,7 @@ class Library : public testing::Test {
         resetshell();
         resetpreferences();
         initlibrary();
-        initnotation();
+        initparser();
     }
 
     static void fill(int count) {

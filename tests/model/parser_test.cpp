@@ -1,35 +1,14 @@
 // SPDX-License-Identifier: MIT
-#include "model/cube.h"
-#include "model/parser.h"
-#include "model/recording.h"
-#include "model/turns.h"
-#include "model/undo.h"
-#include "nullshell.h"
+#include "model/modeltest.h"
+#include "model/notation.h"
 
 #include <algorithm>
 #include <climits>
-#include <gtest/gtest.h>
 
 namespace {
 
-using codes = std::vector<int>;
-using messages = std::vector<std::string>;
-
-int lengthof(const std::string& text) {
-    return static_cast<int>(text.size());
-}
-
-class Notation : public testing::Test {
+class Parser : public ModelTest {
   protected:
-    void SetUp() override {
-        resetshell();
-        initturns();
-        initcubies();
-        initundo();
-        initnotation();
-        initrecording();
-    }
-
     static codes queued() { return {turns, turns + turnptr}; }
 
     // Parses in queueing mode, on the tight copy that a sanitizer watches.
@@ -51,10 +30,6 @@ class Notation : public testing::Test {
         return queued();
     }
 
-    static void apply(const std::string& text) {
-        EXPECT_EQ(0, parsestring(text.data(), lengthof(text)));
-    }
-
     static int check(const std::string& text) {
         return sanitycheckmacro(text.data(), lengthof(text));
     }
@@ -64,13 +39,13 @@ class Notation : public testing::Test {
 
 // The forward parse
 
-TEST_F(Notation, ACountBeforeASingleLetterIsLost) {
+TEST_F(Parser, ACountBeforeASingleLetterIsLost) {
     EXPECT_EQ(1, check("2U"));
     EXPECT_EQ(-1, count("2U"));
     EXPECT_EQ(codes{0}, queue("2U"));
 }
 
-TEST_F(Notation, AGroupWithoutACountIsSkippedButCounted) {
+TEST_F(Parser, AGroupWithoutACountIsSkippedButCounted) {
     EXPECT_EQ(0, check("(RU)"));
     EXPECT_EQ(codes{}, queue("(RU)"));
     EXPECT_EQ(codes{8}, queue("(RU)F"));
@@ -78,7 +53,7 @@ TEST_F(Notation, AGroupWithoutACountIsSkippedButCounted) {
     EXPECT_EQ((codes{6, 0, 6, 0, 6, 0}), queue("3(RU)"));
 }
 
-TEST_F(Notation, TheLetterOfAPairIsNotChecked) {
+TEST_F(Parser, TheLetterOfAPairIsNotChecked) {
     EXPECT_EQ(codes{16}, queue("*U"));
     for (const char* pair : {"*u", "*(", ">)", ">7", "**", "*x"}) {
         EXPECT_EQ(1, check(pair)) << pair;
@@ -87,7 +62,7 @@ TEST_F(Notation, TheLetterOfAPairIsNotChecked) {
     }
 }
 
-TEST_F(Notation, EveryTurnHasItsNotation) {
+TEST_F(Parser, EveryTurnHasItsNotation) {
     for (int code = 0; code < turncount; code++) {
         EXPECT_EQ(codes{code}, queue(turn_table[code].notation));
         EXPECT_EQ(codes{inversemove[code]}, reversed(turn_table[code].notation));
@@ -108,7 +83,7 @@ std::string plain(const codes& queue) {
     return text;
 }
 
-TEST_F(Notation, TextsParseEitherWay) {
+TEST_F(Parser, TextsParseEitherWay) {
     const parse_case cases[] = {
         {"",               "",                  ""                 },
         {"R2(FU)",         "RFUFU",             "ufufr"            },
@@ -137,14 +112,14 @@ TEST_F(Notation, TextsParseEitherWay) {
         SCOPED_TRACE(row.text);
         EXPECT_EQ(row.forwards, plain(queue(row.text)));
         EXPECT_EQ(row.backwards, plain(reversed(row.text)));
-        initnotation();
+        initparser();
     }
 }
 
-TEST_F(Notation, DirectModeTurnsTheCubeAndKeepsTheCodes) {
+TEST_F(Parser, DirectModeTurnsTheCubeAndKeepsTheCodes) {
     apply("R2(FU)*U>L");
     const codes landed = {6, 8, 0, 8, 0, 16, 19};
-    EXPECT_EQ(landed, codes(undobuf, undobuf + undoptr));
+    EXPECT_EQ(landed, held());
     const std::vector<unsigned char> turned(cubefaces, cubefaces + placecount);
     initcubies();
     for (int code : landed) {
@@ -153,7 +128,7 @@ TEST_F(Notation, DirectModeTurnsTheCubeAndKeepsTheCodes) {
     EXPECT_EQ(turned, std::vector<unsigned char>(cubefaces, cubefaces + placecount));
 }
 
-TEST_F(Notation, AReversalTakesTheMacroBack) {
+TEST_F(Parser, AReversalTakesTheMacroBack) {
     const std::string macro = "R2(FU3(*Ul))>L12(bD)";
     apply(macro);
     EXPECT_EQ(0, solved());
@@ -165,7 +140,7 @@ TEST_F(Notation, AReversalTakesTheMacroBack) {
 
 // The queue
 
-TEST_F(Notation, ANewMacroReplacesTheQueue) {
+TEST_F(Parser, ANewMacroReplacesTheQueue) {
     queue("RUF");
     turn = 2;
     EXPECT_EQ((codes{2, 4}), queue("DL"));
@@ -176,7 +151,7 @@ TEST_F(Notation, ANewMacroReplacesTheQueue) {
     EXPECT_EQ(codes{}, queue(""));
 }
 
-TEST_F(Notation, DirectModeLeavesTheQueueAlone) {
+TEST_F(Parser, DirectModeLeavesTheQueueAlone) {
     queue("RUF");
     turn = 1;
     apply("DLxs(U)");
@@ -185,13 +160,13 @@ TEST_F(Notation, DirectModeLeavesTheQueueAlone) {
     EXPECT_EQ(1, turn);
 }
 
-TEST_F(Notation, QueueingLeavesTheCubeAlone) {
+TEST_F(Parser, QueueingLeavesTheCubeAlone) {
     queue("RUF");
     EXPECT_EQ(1, solved());
     EXPECT_EQ(0, undoptr);
 }
 
-TEST_F(Notation, TheQueueTakes999TurnsAndTheParseEnds) {
+TEST_F(Parser, TheQueueTakes999TurnsAndTheParseEnds) {
     apply("U");
     EXPECT_EQ(codes(999, 6), queue(std::string(999, 'R')));
     EXPECT_EQ(codes(999, 6), queue(std::string(1000, 'R') + "x"));
@@ -207,13 +182,13 @@ TEST_F(Notation, TheQueueTakes999TurnsAndTheParseEnds) {
     EXPECT_EQ(0, parselevel);
 }
 
-TEST_F(Notation, CountsStopGrowing) {
+TEST_F(Parser, CountsStopGrowing) {
     apply("99999999999999999999999999(R)"); // INT_MAX rounds, 3 modulo 4
     revparsestring("3(R)", 4);
     EXPECT_EQ(1, solved());
 }
 
-TEST_F(Notation, AGroupWithoutDigitsEndsTheReversal) {
+TEST_F(Parser, AGroupWithoutDigitsEndsTheReversal) {
     EXPECT_EQ(codes{3}, reversed("U(RF)D"));
     EXPECT_EQ(1, reversing);
     EXPECT_EQ(codes{7}, reversed("R"));
@@ -225,7 +200,7 @@ TEST_F(Notation, AGroupWithoutDigitsEndsTheReversal) {
     EXPECT_EQ(0, parselevel);
 }
 
-TEST_F(Notation, AReversalThatBrokeOffMakesParsesAppend) {
+TEST_F(Parser, AReversalThatBrokeOffMakesParsesAppend) {
     reversed("U(RF)D");
     EXPECT_EQ((codes{3, 6}), queue("R"));
     EXPECT_EQ((codes{3, 6, 0}), queue("U"));
@@ -236,13 +211,13 @@ TEST_F(Notation, AReversalThatBrokeOffMakesParsesAppend) {
     EXPECT_EQ(codes{0}, queue("U"));
 }
 
-TEST_F(Notation, AReversalTakesTheLastFiveDigits) {
+TEST_F(Parser, AReversalTakesTheLastFiveDigits) {
     EXPECT_EQ(codes(2, 7), reversed("300002(R)"));
     EXPECT_EQ((codes{1}), reversed("U100000(R)"));
     EXPECT_EQ(codes(12, 7), reversed("00012(R)"));
 }
 
-TEST_F(Notation, TheLengthArgumentRules) {
+TEST_F(Parser, TheLengthArgumentRules) {
     EXPECT_EQ((codes{6, 0}), [] {
         parsing = 1;
         parsestring("RUF)", 2);
@@ -259,7 +234,7 @@ TEST_F(Notation, TheLengthArgumentRules) {
     EXPECT_EQ(1, sanitycheckmacro("R?", 1));
 }
 
-TEST_F(Notation, AllBytesAreHarmless) {
+TEST_F(Parser, AllBytesAreHarmless) {
     std::string all;
     for (int byte = 0; byte < 256; byte++) {
         if (byte != '*' && byte != '>') {
@@ -272,7 +247,7 @@ TEST_F(Notation, AllBytesAreHarmless) {
     EXPECT_EQ(-1, count(all));
 }
 
-TEST_F(Notation, DepthIsNoObstacle) {
+TEST_F(Parser, DepthIsNoObstacle) {
     std::string text;
     for (int depth = 0; depth < 100000; depth++) {
         text += "2(";
@@ -290,7 +265,7 @@ TEST_F(Notation, DepthIsNoObstacle) {
 
 // Orders and resets
 
-TEST_F(Notation, XResetsTheCubeInEitherMode) {
+TEST_F(Parser, XResetsTheCubeInEitherMode) {
     apply("RU");
     EXPECT_EQ((codes{8, 4}), queue("FxL"));
     EXPECT_EQ(1, solved());
@@ -308,7 +283,7 @@ struct order_case {
     int landed; // turns in the undo buffer
 };
 
-TEST_F(Notation, SFindsTheOrder) {
+TEST_F(Parser, SFindsTheOrder) {
     const order_case
         cases[] =
             {
@@ -340,13 +315,13 @@ TEST_F(Notation, SFindsTheOrder) {
     }
 }
 
-TEST_F(Notation, AnOrderOfTheTextIsToldOnce) {
+TEST_F(Parser, AnOrderOfTheTextIsToldOnce) {
     apply("999999(s(RU))F1(s(F))");
     EXPECT_EQ((messages{"inform: order = 105", "inform: order = 4"}), shell.messages);
     EXPECT_EQ(4, macorder);
 }
 
-TEST_F(Notation, AnOrderIsToldWhenTheCubeStandsAsItWill) {
+TEST_F(Parser, AnOrderIsToldWhenTheCubeStandsAsItWill) {
     int seen = -1;
     shell.whilemessage = [&seen] {
         seen = solved();
@@ -358,7 +333,7 @@ TEST_F(Notation, AnOrderIsToldWhenTheCubeStandsAsItWill) {
     EXPECT_EQ(codes{6}, codes(undobuf + undoptr - 1, undobuf + undoptr));
 }
 
-TEST_F(Notation, SInQueueingModeQueuesTheGroupOnce) {
+TEST_F(Parser, SInQueueingModeQueuesTheGroupOnce) {
     apply("L");
     macorder = 7;
     EXPECT_EQ((codes{8, 6, 0}), queue("Fs(RU)DDD"));
@@ -368,7 +343,7 @@ TEST_F(Notation, SInQueueingModeQueuesTheGroupOnce) {
     EXPECT_EQ((codes{6, 0, 6, 0, 2}), queue("2(s(RU)F)D"));
 }
 
-TEST_F(Notation, TheOrderOfAMacroLeavesItsColoursAlone) {
+TEST_F(Parser, TheOrderOfAMacroLeavesItsColoursAlone) {
     apply("LF");
     initundo();
     parsing = 1;
@@ -383,7 +358,7 @@ TEST_F(Notation, TheOrderOfAMacroLeavesItsColoursAlone) {
     EXPECT_EQ(1, parsing);
 }
 
-TEST_F(Notation, AnOrderRestoresTheColoursOnly) {
+TEST_F(Parser, AnOrderRestoresTheColoursOnly) {
     apply("LF");
     initundo();
     calcorder("RU");
@@ -392,7 +367,7 @@ TEST_F(Notation, AnOrderRestoresTheColoursOnly) {
     EXPECT_TRUE(std::is_sorted(cubefaces, cubefaces + placecount)); // those of a solved cube
 }
 
-TEST_F(Notation, AnOrderThatIsNoneIsTheLast) {
+TEST_F(Parser, AnOrderThatIsNoneIsTheLast) {
     calcorder("RU");
     EXPECT_EQ(105, calcorder("R*"));
     EXPECT_EQ(105, calcorder("2(R"));
@@ -401,138 +376,15 @@ TEST_F(Notation, AnOrderThatIsNoneIsTheLast) {
     EXPECT_EQ(4, calcorder("R)U"));
 }
 
-// Characters
-
-TEST_F(Notation, CharacterHelpers) {
-    EXPECT_EQ('a', flipcase('A'));
-    EXPECT_EQ('z', flipcase('Z'));
-    EXPECT_EQ('A', flipcase('a'));
-    EXPECT_EQ(';', flipcase('['));
-    EXPECT_EQ('P', flipcase('0'));
-    const std::string turning = "BFUDLR";
-    for (int c = CHAR_MIN; c <= CHAR_MAX; c++) {
-        const char letter = static_cast<char>(c);
-        EXPECT_EQ(turning.find(letter) != std::string::npos ? 1 : 0, istwist(letter)) << c;
-        EXPECT_EQ(istwist(letter) != 0, flipdir(letter) != ' ') << c;
-    }
-    EXPECT_EQ("FBDURL", std::string({flipdir('B'), flipdir('F'), flipdir('U'), flipdir('D'),
-                                     flipdir('L'), flipdir('R')}));
-}
-
-// Checking and counting
-
-TEST_F(Notation, TheCheckKnowsGoodFromBad) {
-    for (const char* good : {"", "U", "UDLRFBudlrfb", "2", "12(R)", "s(R)", "s2(R)", "2(2(R)s)",
-                             "*U>R", "*?", "2s(R)", "U2", "**", "*2(R)", "*s(R)"}) {
-        EXPECT_EQ(1, check(good)) << good;
-    }
-    for (const char* bad : {"x", " ", "U R", "(R)", "U(R)", "2(R", "R)", "2(R))", "*", "2(R*)", "a",
-                            "Z", "R'", "()", "2((R))", "\xd5", "\n", "R]", "U[R]"}) {
-        EXPECT_EQ(0, check(bad)) << bad;
-    }
-    EXPECT_EQ(0, sanitycheckmacro("R\0U", 3));
-}
-
-struct length_case {
-    const char* text;
-    int turns;
-};
-
-TEST_F(Notation, LengthsAreCountedByCharacter) {
-    const length_case cases[] = {
-        {"",                      0          },
-        {"U",                     1          },
-        {"UuRr",                  4          },
-        {"*F>R",                  2          },
-        {"3(RU)",                 6          },
-        {"2(R3(U))L",             9          },
-        {"0(RU)",                 0          },
-        {"(RU)F",                 3          },
-        {"s(RU)",                 2          },
-        {"s2(RU)",                4          },
-        {"U)R",                   2          },
-        {"a ?",                   0          },
-        {"2U",                    -1         },
-        {"U2",                    -1         },
-        {"2 (R)",                 -1         },
-        {"2(R",                   -1         },
-        {"(R",                    -1         },
-        {"2(2)",                  -1         },
-        {"0(2U)",                 -1         },
-        {"*(",                    -1         },
-        {"99999(99999(U))",       INT_MAX    },
-        {"99999999999999999(UR)", INT_MAX    },
-        {"2147483646(U)",         INT_MAX - 1},
-        {"2147483646(U)UU",       INT_MAX    },
-    };
-    for (const length_case& row : cases) {
-        EXPECT_EQ(row.turns, count(row.text)) << row.text;
-    }
-}
-
-TEST_F(Notation, TheReadOutShowsTheLengthOrStars) {
-    loadout("3(RU)");
-    EXPECT_EQ("6", shell.readout);
-    loadout("2U");
-    EXPECT_EQ("*****", shell.readout);
-    loadout("");
-    EXPECT_EQ("0", shell.readout);
-    EXPECT_EQ(0, shell.readoutchanges);
-}
-
-// The Singmaster form
-
-struct singmaster_case {
-    const char* line;
-    const char* converted; // null: not converted
-    const char* readout;
-};
-
-TEST_F(Notation, TheSingmasterFormIsConverted) {
-    const singmaster_case cases[] = {
-        {"[R U' F2]",     "RuFF",   "4"   },
-        {"[]",            "",       "0"   },
-        {"[R'2 U2' L]x",  "rUUL",   "4"   },
-        {"[r2 3 (F) *]",  "F",      "1"   },
-        {"R2]",           "RR",     "2"   }, // the "[" is a character to drop
-        {"[B D F L R U]", "BDFLRU", "6"   },
-        {"[R U' F2",      nullptr,  "none"},
-        {"RU",            nullptr,  "none"},
-    };
-    for (const singmaster_case& row : cases) {
-        SCOPED_TRACE(row.line);
-        shell.line = row.line;
-        shell.readout = "none";
-        const bool good = row.converted != nullptr;
-        EXPECT_EQ(good ? 1 : 0, parsesingmaster());
-        EXPECT_EQ(good ? row.converted : row.line, shell.line);
-        EXPECT_EQ(row.readout, shell.readout);
-    }
-}
-
-TEST_F(Notation, ABracketHasTheLineConverted) {
-    shell.line = "[R U' F2]";
-    EXPECT_EQ(1, check(shell.line));
-    EXPECT_EQ("RuFF", shell.line);
-    shell.line = "[R U' F2";
-    EXPECT_EQ(0, check(shell.line));
-    EXPECT_EQ("[R U' F2", shell.line);
-    shell.line = "[L]";
-    EXPECT_EQ(1, check("[? no matter"));
-    EXPECT_EQ("L", shell.line);
-    shell.line = "L";
-    EXPECT_EQ(0, check("[R]"));
-}
-
 // Landing
 
-TEST_F(Notation, APendingTurnLandsOnce) {
+TEST_F(Parser, APendingTurnLandsOnce) {
     recordstart();
     startturn(12);
     sparsestring("*F", 2);
     EXPECT_EQ(1, solved());
     doparsestring();
-    EXPECT_EQ(codes{12}, codes(undobuf, undobuf + undoptr));
+    EXPECT_EQ(codes{12}, held());
     EXPECT_EQ("*F", shell.line);
     EXPECT_EQ(1, turnlanded);
     EXPECT_EQ(0, saveparselen);
@@ -540,17 +392,17 @@ TEST_F(Notation, APendingTurnLandsOnce) {
     EXPECT_EQ(1, undoptr);
 }
 
-TEST_F(Notation, ATurnLandsWhateverTheMode) {
+TEST_F(Parser, ATurnLandsWhateverTheMode) {
     queue("UF");
     parsing = 1;
     sparsestring("R", 1);
     doparsestring();
-    EXPECT_EQ(codes{6}, codes(undobuf, undobuf + undoptr));
+    EXPECT_EQ(codes{6}, held());
     EXPECT_EQ((codes{0, 8}), queued());
     EXPECT_EQ(1, parsing);
 }
 
-TEST_F(Notation, WithoutATurnInProgressNoneHasLanded) {
+TEST_F(Parser, WithoutATurnInProgressNoneHasLanded) {
     sparsestring("R", 1);
     doparsestring();
     EXPECT_EQ(0, turnlanded);
@@ -560,7 +412,7 @@ TEST_F(Notation, WithoutATurnInProgressNoneHasLanded) {
     EXPECT_EQ(0, turnlanded);
 }
 
-TEST_F(Notation, OnlyTwoCharactersWait) {
+TEST_F(Parser, OnlyTwoCharactersWait) {
     sparsestring("*FRU", 4);
     EXPECT_STREQ("*F", saveparse);
     EXPECT_EQ(2, saveparselen);
@@ -571,7 +423,7 @@ TEST_F(Notation, OnlyTwoCharactersWait) {
     EXPECT_EQ(1, solved());
 }
 
-TEST_F(Notation, BehindTheOverflowAlertTheTurnIsNotDrawnAgain) {
+TEST_F(Parser, BehindTheOverflowAlertTheTurnIsNotDrawnAgain) {
     recordstart();
     for (int i = 0; i < recordlimit; i++) {
         record("U");

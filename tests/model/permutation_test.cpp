@@ -1,29 +1,17 @@
 // SPDX-License-Identifier: MIT
-#include "model/parser.h"
+#include "model/modeltest.h"
 #include "model/permutation.h"
 #include "model/slowcube.h"
-#include "nullshell.h"
 #include "solver/cubecheck.h"
 
 #include <algorithm>
 #include <cstring>
-#include <gtest/gtest.h>
 #include <random>
 
 namespace {
 
-class Permutation : public testing::Test {
+class Permutation : public ModelTest {
   protected:
-    void SetUp() override {
-        resetshell();
-        initcubies();
-        initnotation();
-    }
-
-    static void apply(const std::string& macro) {
-        parsestring(macro.c_str(), static_cast<int>(macro.size()));
-    }
-
     static std::string report() {
         shell.messages.clear();
         dumpcubeperm();

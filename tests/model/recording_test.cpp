@@ -1,35 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "model/parser.h"
-#include "model/recording.h"
-#include "model/turns.h"
-#include "model/undo.h"
-#include "nullshell.h"
-
-#include <algorithm>
-#include <cstring>
-#include <gtest/gtest.h>
+#include "model/modeltest.h"
 
 namespace {
 
-using messages = std::vector<std::string>;
-
-class Recording : public testing::Test {
+class Recording : public ModelTest {
   protected:
-    void SetUp() override {
-        resetshell();
-        initturns();
-        initcubies();
-        initundo();
-        initnotation();
-        initrecording();
-    }
-
-    static void land(const char* notation) {
-        sparsestring(notation, static_cast<int>(strlen(notation)));
-        doparsestring();
-        startturn(noturn);
-    }
-
     // The Undo command, and the landing of what it started.
     static void commandundo() {
         undoing = 1;
@@ -224,49 +199,6 @@ TEST_F(Recording, OnlyTwoCharactersOfATurnAreTaken) {
     EXPECT_STREQ("*F", facemoves);
     record("");
     EXPECT_STREQ("*F", facemoves);
-}
-
-// Copies
-
-TEST_F(Recording, SavingAndRestoringAlternate) {
-    land("U");
-    savecube();
-    EXPECT_EQ(1, issavedcube);
-    EXPECT_EQ("Restore Cube", shell.savebutton);
-    EXPECT_TRUE(std::equal(cubecolors, cubecolors + placecount, savecubedata));
-    unsigned char after_u[placecount];
-    memcpy(after_u, cubecolors, sizeof after_u);
-    land("F");
-    savecube();
-    EXPECT_EQ(0, issavedcube);
-    EXPECT_EQ("Save Cube", shell.savebutton);
-    EXPECT_TRUE(std::equal(cubecolors, cubecolors + placecount, after_u));
-    savecube();
-    EXPECT_EQ(1, issavedcube);
-}
-
-TEST_F(Recording, RestoringBringsBackTheColoursOnly) {
-    savecube();
-    land("U");
-    land("F");
-    unsigned char places[placecount];
-    memcpy(places, cubefaces, sizeof places);
-    savecube();
-    EXPECT_EQ(1, solved());
-    EXPECT_TRUE(std::equal(cubefaces, cubefaces + placecount, places));
-    EXPECT_EQ(2, undoptr);
-}
-
-TEST_F(Recording, TheTwoCopiesAreApart) {
-    savecubex();
-    land("U");
-    savecube();
-    land("F");
-    restorecubex();
-    EXPECT_EQ(1, solved());
-    EXPECT_EQ(1, issavedcube);
-    savecube();
-    EXPECT_EQ(0, solved());
 }
 
 } // namespace

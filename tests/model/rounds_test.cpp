@@ -1,32 +1,15 @@
 // SPDX-License-Identifier: MIT
 //
 // The parser, whose rounds are multiplied, against one that does every round.
-#include "model/cube.h"
-#include "model/parser.h"
-#include "model/recording.h"
-#include "model/rounds.h"
+#include "model/modeltest.h"
 #include "model/slowparser.h"
-#include "model/turns.h"
-#include "model/undo.h"
-#include "nullshell.h"
 
 #include <cstring>
-#include <gtest/gtest.h>
 #include <random>
 
 namespace {
 
-class Rounds : public testing::Test {
-  protected:
-    void SetUp() override {
-        resetshell();
-        initturns();
-        initcubies();
-        initundo();
-        initnotation();
-        initrecording();
-    }
-};
+class Rounds : public ModelTest {};
 
 std::mt19937 numbers(20240117);
 
@@ -107,7 +90,7 @@ template <class Parse, class Slow> void compare(int mode, Parse fast, Slow slow)
         resetshell();
         initturns();
         initundo();
-        initnotation();
+        initparser();
         slow_run run;
         run.queueing = mode == 1;
         drawstate(run);

@@ -1,37 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "model/cube.h"
-#include "model/parser.h"
-#include "model/turns.h"
-#include "model/undo.h"
-#include "nullshell.h"
-
-#include <cstring>
-#include <gtest/gtest.h>
-#include <vector>
+#include "model/modeltest.h"
 
 namespace {
 
-class Undo : public testing::Test {
+class Undo : public ModelTest {
   protected:
-    void SetUp() override {
-        resetshell();
-        initturns();
-        initcubies();
-        initundo();
-        initnotation();
-    }
-
-    static void apply(const char* macro) { parsestring(macro, static_cast<int>(strlen(macro))); }
-
     // What the driver and the view do: the turn in progress lands and ends.
-    static void land() {
-        const char* notation = turn_table[turnmode].notation;
-        sparsestring(notation, static_cast<int>(strlen(notation)));
-        doparsestring();
-        startturn(noturn);
-    }
-
-    static std::vector<int> held() { return {undobuf, undobuf + undoptr}; }
+    // The turn in progress lands.
+    static void land() { ModelTest::land(turn_table[turnmode].notation); }
 };
 
 TEST_F(Undo, EightHundredAndOneTurnsLeave301) {
@@ -72,7 +48,7 @@ TEST_F(Undo, TheSecondThousandIsForgottenLikeTheFirst) {
 
 TEST_F(Undo, TurnsComeBackInvertedLastFirst) {
     apply("UFR");
-    EXPECT_EQ((std::vector<int>{0, 8, 6}), held());
+    EXPECT_EQ((codes{0, 8, 6}), held());
     for (int inverse : {7, 9, 1}) {
         undo();
         EXPECT_EQ(inverse, turnmode);
@@ -118,7 +94,7 @@ TEST_F(Undo, ASecondUndoStoresTheInverseTurn) {
     EXPECT_EQ(9, turnmode);
     EXPECT_EQ(1, undoptr);
     land();
-    EXPECT_EQ((std::vector<int>{0, 9}), held());
+    EXPECT_EQ((codes{0, 9}), held());
 }
 
 TEST_F(Undo, ResettingForgetsTurnsAndAnUndoUnderWay) {
@@ -143,7 +119,7 @@ TEST_F(Undo, ThereIsNoRedo) {
 
 TEST_F(Undo, QueuedTurnsAreNotStoredBeforeTheyLand) {
     parsing = 1;
-    apply("UF");
+    EXPECT_EQ(2, parsestring("UF", 2));
     EXPECT_EQ(0, undoptr);
 }
 

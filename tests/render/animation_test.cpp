@@ -34,7 +34,7 @@ class Animation : public testing::Test {
         resetshell();
         initcubies();
         initturns();
-        initnotation();
+        initparser();
         initnullgl();
         initdrawface();
         demomode = 0;
@@ -322,7 +322,7 @@ TEST_F(Animation, WholeCubeTurnReadsTheMatrixBackAtItsEnd) {
 
 TEST_F(Animation, EachTurnIsHandedOnInItsOwnNotation) {
     for (int code = 0; code < turncount; code++) {
-        initnotation();
+        initparser();
         setframe(code, 119, 120);
         frame();
         EXPECT_STREQ(saveparse, turn_table[code].notation);

@@ -191,7 +191,7 @@ class CubeBox : public testing::Test {
         resetshell();
         initcubies();
         initturns();
-        initnotation();
+        initparser();
         demomode = 0;
         showrear = 1;
         spoilbuffer = false;

@@ -34,7 +34,7 @@ class Macros : public testing::Test {
   protected:
     Macros() {
         initturns();
-        initnotation();
+        initparser();
         initcubies();
     }
 

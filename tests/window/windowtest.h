@@ -26,7 +26,7 @@ class windowtest : public testing::Test {
 
     static void initmodel() {
         initturns();
-        initnotation();
+        initparser();
         initcubies();
         std::srand(1); // what a generator that was never seeded does
     }

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#include "model/savedcube.h"
+
+#include "shell.h"
+
+#include <cstring>
+
+// State
+
+constinit unsigned char savecubedata[placecount] = {};
+constinit unsigned char savecubedatax[placecount] = {};
+constinit int issavedcube = 0;
+
+void initsavedcube() {
+    memset(savecubedata, 0, sizeof savecubedata);
+    memset(savecubedatax, 0, sizeof savecubedatax);
+    issavedcube = 0;
+}
+
+void savecube() {
+    if (issavedcube == 0) {
+        memcpy(savecubedata, cubecolors, sizeof cubecolors);
+        labelsavebutton("Restore Cube");
+        issavedcube = 1;
+    } else {
+        // Deliberate: NOT-BUGS.md, "A saved cube is its colours"
+        memcpy(cubecolors, savecubedata, sizeof cubecolors);
+        labelsavebutton("Save Cube");
+        issavedcube = 0;
+    }
+}
+
+void savecubex() {
+    memcpy(savecubedatax, cubecolors, sizeof cubecolors);
+}
+
+void restorecubex() {
+    memcpy(cubecolors, savecubedatax, sizeof cubecolors);
+}

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#include "model/singmaster.h"
+
+#include "model/notation.h"
+#include "shell.h"
+
+#include <string>
+
+// The line is read to the "]" before anything is written, so that a failure changes nothing.
+int parsesingmaster() {
+    const char* c = macroline();
+    std::string plain;
+    for (; *c != '\0' && *c != ']'; c++) {
+        if (istwist(*c) == 0) {
+            continue;
+        }
+        plain += c[1] == '\'' ? flipcase(*c) : *c;
+        if (c[1] == '2') {
+            plain += *c;
+        }
+        if (c[1] == '\'' || c[1] == '2') {
+            c++;
+        }
+    }
+    if (*c != ']') {
+        return 0;
+    }
+    setmacroline(plain.c_str());
+    loadout(plain.c_str());
+    return 1;
+}
