@@ -3,41 +3,22 @@
 
 #include "base/replacefile.h"
 #include "macros/library.h"
+#include "macros/macrolines.h"
 #include "macros/preferences.h"
 #include "shell.h"
 
-#include <cstring>
-
 constinit std::string lastmacrofilename = {};
-
-namespace {
-
-// Reads one line into text and cuts it at its newline. At the end of the file: false, and text
-// stays as it was.
-bool readline(char (&text)[macrolinesize], std::FILE* file) {
-    // Deliberate: NOT-BUGS.md, "A long line is several lines"
-    if (std::fgets(text, macrolinesize, file) == nullptr) {
-        return false;
-    }
-    text[std::strcspn(text, "\n")] = '\0';
-    return true;
-}
-
-} // namespace
 
 int loadmacrofile(const char* path) {
     std::FILE* file = std::fopen(path, "r");
     if (file == nullptr) {
         return 0;
     }
-    char name[macrolinesize] = "";
-    char moves[macrolinesize] = "";
+    macro_lines macro = {};
     bool room = true;
-    while (room && readline(name, file)) {
-        // Deliberate: NOT-BUGS.md, "A name without a string gets the string before it"
-        readline(moves, file);
+    while (room && readmacrolines(file, macro) != 0) {
         // Deliberate: NOT-BUGS.md, "Loading adds names that are there"
-        room = addmacro(name, moves) != 0;
+        room = addmacro(macro.name, macro.moves) != 0;
     }
     std::fclose(file);
     return 1;

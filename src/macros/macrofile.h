@@ -21,13 +21,12 @@
 // Preferences store it and read it back.
 extern std::string lastmacrofilename;
 
-constexpr int macrolinesize = 99; // bytes read at a time: 98 characters and the NUL
-
-// Adds the macros of a file to the table (library.h); names that are there already are added again.
-// 1, or 0 when the file cannot be opened. Lines are read 99 bytes at a time, whatever they hold:
-// what is longer counts as several lines, a NUL ends a line's text early, a carriage return is part
-// of it. A name without a string line gets the string line before it once more, the empty text if
-// there is none. Reading ends where the table is full, after its message.
+// Adds the macros of a file to the table (library.h), as macrolines.h reads them; names that are
+// there already are added again. 1, or 0 when the file cannot be opened. Lines are read 99 bytes at
+// a time, whatever they hold: what is longer counts as several lines, a NUL ends a line's text
+// early, a carriage return is part of it. A name without a string line gets the string line before
+// it once more, the empty text if there is none. Reading ends where the table is full, after its
+// message.
 int loadmacrofile(const char* path);
 
 // Writes every macro of the table, in its order, as a name line and a string line. The marks for

@@ -6,6 +6,7 @@
 #include "render/view.h"
 #include "shell.h"
 
+#include <algorithm>
 #include <cassert>
 #include <cstdio>
 #include <iterator>
@@ -21,12 +22,10 @@ constinit int facectr = 0; // the next square, 0..26
 
 // Tables
 
-constexpr int squares = 27;
-
 // The places in the order in which their squares are written: up the columns of F from the left,
 // down those of U, and along the rows of L from the bottom.
 // clang-format off
-constexpr int face[squares] = {
+constexpr int face[epssquarecount] = {
     24, 21, 18, 25, 22, 19, 26, 23, 20, // F
      0,  3,  6,  1,  4,  7,  2,  5,  8, // U
     15, 16, 17, 12, 13, 14,  9, 10, 11, // L
@@ -37,7 +36,7 @@ constexpr int face[squares] = {
 constexpr bool facesinorder() {
     constexpr int order[3] = {2, 0, 1}; // ORDER FACE
     int seen[3] = {};                   // a bit for each place of a face
-    for (int i = 0; i < squares; i++) {
+    for (int i = 0; i < epssquarecount; i++) {
         if (face[i] / faceplaces != order[i / faceplaces]) {
             return false;
         }
@@ -95,7 +94,7 @@ void PScolor(int index) {
 
 // The first colour is overridden by the next line; it stands for an index beyond the palette.
 void quadout(const float (&corner)[4][3]) {
-    assert(facectr < squares);
+    assert(facectr < epssquarecount);
     writepoint("newpath ", corner[0], "moveto");
     writepoint("", corner[1], "lineto");
     writepoint("", corner[2], "lineto");
@@ -108,45 +107,26 @@ void quadout(const float (&corner)[4][3]) {
 }
 
 // The full cells, without the border that the stickers have on the screen: the outline draws the
-// grid. Each function walks its face as the table of places does.
-constexpr float cells[3] = {-3, -1, 1}; // where the cells of a row begin
-
-void writefront() {
-    for (const float i : cells) {
-        for (const float j : cells) {
-            quadout({
-                {i,     j,     3},
-                {i + 2, j,     3},
-                {i + 2, j + 2, 3},
-                {i,     j + 2, 3}
-            });
-        }
-    }
-}
-
-void writeup() {
-    for (const float i : cells) {
-        for (const float j : cells) {
-            quadout({
-                {i,     3, j    },
-                {i + 2, 3, j    },
-                {i + 2, 3, j + 2},
-                {i,     3, j + 2}
-            });
-        }
-    }
-}
-
-void writeleft() {
-    for (const float i : cells) {
-        for (const float j : cells) {
-            quadout({
-                {-3, i,     j    },
-                {-3, i + 2, j    },
-                {-3, i + 2, j + 2},
-                {-3, i,     j + 2}
-            });
-        }
+// grid. Each face is walked as the table of places walks it.
+void cellcorners(int square, float (&corner)[4][3]) {
+    constexpr float cells[3] = {-3, -1, 1}; // where the cells of a row begin
+    const float i = cells[square % faceplaces / 3];
+    const float j = cells[square % 3];
+    const float around[4][2] = {
+        {i,     j    },
+        {i + 2, j    },
+        {i + 2, j + 2},
+        {i,     j + 2}
+    };
+    for (int c = 0; c < 4; c++) {
+        const float a = around[c][0];
+        const float b = around[c][1];
+        const float spots[3][3] = {
+            {a,  b, 3}, // F
+            {a,  3, b}, // U
+            {-3, a, b}, // L
+        };
+        std::copy_n(spots[square / faceplaces], 3, corner[c]);
     }
 }
 
@@ -162,9 +142,11 @@ void writepicture(std::FILE* file) {
                "187.000000 221.000000 translate\n"
                "233.000000 233.000000 scale\n",
                fp);
-    writefront();
-    writeup();
-    writeleft();
+    for (int square = 0; square < epssquarecount; square++) {
+        float corner[4][3];
+        cellcorners(square, corner);
+        quadout(corner);
+    }
     std::fputs("showpage\n", fp);
     fp = nullptr;
 }
@@ -202,11 +184,38 @@ void EPSdump(int mode, const float m[4][4]) {
     }
 }
 
+namespace {
+
 // The view may never have stood still yet, and there may be no view at all: the matrix is not taken
 // from a frame but worked out, to the same last digit.
-void printeps() {
+void keepstandardview() {
     float m[4][4];
     standardview(m);
     EPSdump(1, m);
+}
+
+} // namespace
+
+void printeps() {
+    keepstandardview();
     EPSdump(0, nullptr);
+}
+
+void writeeps(std::FILE* file) {
+    keepstandardview();
+    writepicture(file);
+}
+
+void epssquares(eps_square (&to)[epssquarecount]) {
+    keepstandardview();
+    for (int square = 0; square < epssquarecount; square++) {
+        float corner[4][3];
+        cellcorners(square, corner);
+        to[square].place = face[square];
+        for (int c = 0; c < 4; c++) {
+            const point p = projected(corner[c][0], corner[c][1], corner[c][2]);
+            to[square].corner[c][0] = p.x;
+            to[square].corner[c][1] = p.y;
+        }
+    }
 }

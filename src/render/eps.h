@@ -8,7 +8,7 @@
 // State     private: the matrix, the open file, the number of the next square.
 // Units     device coordinates -1..1 in the file; its header maps them to points, (0, 0) to
 //           (187, 221) and 1 to 233 points, inside a box of 400 x 400. Six decimals.
-// Callers   the command "Print EPS File".
+// Callers   the command "Print EPS File"; vexel-macro, which needs no OpenGL for it.
 // Order     none; works before the first frame was drawn, and without a display.
 //
 // The file: 198 lines, "\n" at their ends.
@@ -22,6 +22,8 @@
 // colour table (colors.h) is the screen's alone.
 #pragma once
 
+#include <cstdio>
+
 // Asks for a file and writes the picture. Cancelling ends it without a word. A file that cannot be
 // opened or written in full is told as "Couldn't open %s for writing."; then nothing stands under
 // its name that did not stand there before (replacefile.h).
@@ -31,3 +33,17 @@ void printeps();
 // come, unless one is kept already. mode 0: asks for a file and writes the picture with the matrix
 // kept; m is not used and may be null.
 void EPSdump(int mode, const float m[4][4]);
+
+// Writes the picture of the cube into file, as printeps() would.
+void writeeps(std::FILE* file);
+
+// The same squares for pictures of other kinds, in the file's order.
+
+constexpr int epssquarecount = 27;
+
+struct eps_square {
+    int place;          // whose colour it has
+    float corner[4][2]; // x, y of its corners, in device coordinates
+};
+
+void epssquares(eps_square (&to)[epssquarecount]);

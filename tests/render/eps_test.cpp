@@ -339,4 +339,33 @@ TEST_F(Eps, FiftyCubesAreSeenInGhostscript) {
     }
 }
 
+TEST_F(Eps, TheToolsGetTheSameBytes) {
+    moveface(3);
+    movecube(1);
+    const std::string tools = home.file("tools.eps");
+    std::FILE* file = std::fopen(tools.c_str(), "w");
+    ASSERT_NE(nullptr, file);
+    writeeps(file);
+    std::fclose(file);
+    EXPECT_EQ(print(home.file("window.eps")), readfile(tools));
+}
+
+TEST_F(Eps, TheSquaresAreThoseOfTheFile) {
+    eps_square given[epssquarecount];
+    epssquares(given);
+    const std::string text = printed();
+    size_t from = 0;
+    for (int i = 0; i < epssquarecount; i++) {
+        EXPECT_EQ(order[i], given[i].place);
+        for (const auto& corner : given[i].corner) {
+            char point[60];
+            std::snprintf(point, sizeof point, "%f %f ", static_cast<double>(corner[0]),
+                          static_cast<double>(corner[1]));
+            from = text.find(point, from);
+            ASSERT_NE(std::string::npos, from) << "square " << i << ": " << point;
+            from++;
+        }
+    }
+}
+
 } // namespace
