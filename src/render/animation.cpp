@@ -7,7 +7,6 @@
 #include "render/glwrap.h"
 #include "render/projection.h"
 
-#include <cassert>
 #include <cstring>
 #include <span>
 
@@ -223,78 +222,27 @@ void drawcubegeneric() {
 }
 
 // ORDER TURN
+// clang-format off
+void drawUcw()    { drawlayer( 0); }
+void drawUccw()   { drawlayer( 1); }
+void drawDcw()    { drawlayer( 2); }
+void drawDccw()   { drawlayer( 3); }
+void drawLcw()    { drawlayer( 4); }
+void drawLccw()   { drawlayer( 5); }
+void drawRcw()    { drawlayer( 6); }
+void drawRccw()   { drawlayer( 7); }
+void drawFcw()    { drawlayer( 8); }
+void drawFccw()   { drawlayer( 9); }
+void drawBcw()    { drawlayer(10); }
+void drawBccw()   { drawlayer(11); }
+void drawFScw()   { drawlayer(12); }
+void drawBScw()   { drawlayer(13); }
+void drawLScw()   { drawlayer(14); }
+void drawRScw()   { drawlayer(15); }
+void drawUScw()   { drawlayer(16); }
+void drawDScw()   { drawlayer(17); }
 
-void drawUcw() {
-    drawlayer(0);
-}
-
-void drawUccw() {
-    drawlayer(1);
-}
-
-void drawDcw() {
-    drawlayer(2);
-}
-
-void drawDccw() {
-    drawlayer(3);
-}
-
-void drawLcw() {
-    drawlayer(4);
-}
-
-void drawLccw() {
-    drawlayer(5);
-}
-
-void drawRcw() {
-    drawlayer(6);
-}
-
-void drawRccw() {
-    drawlayer(7);
-}
-
-void drawFcw() {
-    drawlayer(8);
-}
-
-void drawFccw() {
-    drawlayer(9);
-}
-
-void drawBcw() {
-    drawlayer(10);
-}
-
-void drawBccw() {
-    drawlayer(11);
-}
-
-void drawFScw() {
-    drawlayer(12);
-}
-
-void drawBScw() {
-    drawlayer(13);
-}
-
-void drawLScw() {
-    drawlayer(14);
-}
-
-void drawRScw() {
-    drawlayer(15);
-}
-
-void drawUScw() {
-    drawlayer(16);
-}
-
-void drawDScw() {
-    drawlayer(17);
-}
+// clang-format on
 
 void drawwholecube(int face) {
     const bool turning = face >= 0 && face < facecount;

@@ -8,7 +8,8 @@
 // State     showrear, drawingmain, below.
 // Units     at frame t of T = TURNTIME the moving part stands at 90 * t / T degrees. The main view
 //           never draws the full 90: what follows t = T - 1 is the still cube in its new state.
-// Callers   cube_box, once a redraw. The eighteen functions by name are for displaycube and tests.
+// Callers   cube_box, once a redraw. displaycube finds a turn's lists by its code; the eighteen
+//           functions by name are the same turns for whoever wants a certain one, today the tests.
 // Order     initdrawface before the first frame; the view transform and facelistcount = 0 before
 //           each displaycube.
 #pragma once

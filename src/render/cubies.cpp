@@ -160,107 +160,32 @@ void drawcubie(cubie c) {
 }
 
 // ORDER DRAWN
+// clang-format off
+void drawF()   { drawcubie(cubie::F); }
+void drawB()   { drawcubie(cubie::B); }
+void drawR()   { drawcubie(cubie::R); }
+void drawL()   { drawcubie(cubie::L); }
+void drawU()   { drawcubie(cubie::U); }
+void drawD()   { drawcubie(cubie::D); }
+void drawUFL() { drawcubie(cubie::UFL); }
+void drawUFR() { drawcubie(cubie::UFR); }
+void drawUBL() { drawcubie(cubie::UBL); }
+void drawUBR() { drawcubie(cubie::UBR); }
+void drawDFR() { drawcubie(cubie::DFR); }
+void drawDFL() { drawcubie(cubie::DFL); }
+void drawDBL() { drawcubie(cubie::DBL); }
+void drawDBR() { drawcubie(cubie::DBR); }
+void drawUF()  { drawcubie(cubie::UF); }
+void drawUB()  { drawcubie(cubie::UB); }
+void drawUR()  { drawcubie(cubie::UR); }
+void drawUL()  { drawcubie(cubie::UL); }
+void drawRF()  { drawcubie(cubie::RF); }
+void drawLF()  { drawcubie(cubie::LF); }
+void drawRB()  { drawcubie(cubie::RB); }
+void drawLB()  { drawcubie(cubie::LB); }
+void drawDF()  { drawcubie(cubie::DF); }
+void drawDB()  { drawcubie(cubie::DB); }
+void drawDR()  { drawcubie(cubie::DR); }
+void drawDL()  { drawcubie(cubie::DL); }
 
-void drawF() {
-    drawcubie(cubie::F);
-}
-
-void drawB() {
-    drawcubie(cubie::B);
-}
-
-void drawR() {
-    drawcubie(cubie::R);
-}
-
-void drawL() {
-    drawcubie(cubie::L);
-}
-
-void drawU() {
-    drawcubie(cubie::U);
-}
-
-void drawD() {
-    drawcubie(cubie::D);
-}
-
-void drawUFL() {
-    drawcubie(cubie::UFL);
-}
-
-void drawUFR() {
-    drawcubie(cubie::UFR);
-}
-
-void drawUBL() {
-    drawcubie(cubie::UBL);
-}
-
-void drawUBR() {
-    drawcubie(cubie::UBR);
-}
-
-void drawDFR() {
-    drawcubie(cubie::DFR);
-}
-
-void drawDFL() {
-    drawcubie(cubie::DFL);
-}
-
-void drawDBL() {
-    drawcubie(cubie::DBL);
-}
-
-void drawDBR() {
-    drawcubie(cubie::DBR);
-}
-
-void drawUF() {
-    drawcubie(cubie::UF);
-}
-
-void drawUB() {
-    drawcubie(cubie::UB);
-}
-
-void drawUR() {
-    drawcubie(cubie::UR);
-}
-
-void drawUL() {
-    drawcubie(cubie::UL);
-}
-
-void drawRF() {
-    drawcubie(cubie::RF);
-}
-
-void drawLF() {
-    drawcubie(cubie::LF);
-}
-
-void drawRB() {
-    drawcubie(cubie::RB);
-}
-
-void drawLB() {
-    drawcubie(cubie::LB);
-}
-
-void drawDF() {
-    drawcubie(cubie::DF);
-}
-
-void drawDB() {
-    drawcubie(cubie::DB);
-}
-
-void drawDR() {
-    drawcubie(cubie::DR);
-}
-
-void drawDL() {
-    drawcubie(cubie::DL);
-}
+// clang-format on
