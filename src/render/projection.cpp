@@ -4,9 +4,10 @@
 #include "render/colors.h"
 #include "render/glwrap.h"
 
+#include <algorithm>
 #include <cassert>
+#include <cmath>
 #include <cstring>
-#include <initializer_list>
 
 constinit listface* facelist[facelimit] = {};
 constinit int facelistcount = 0;
@@ -14,23 +15,20 @@ constinit float glmat[16] = {};
 
 namespace {
 
-// The records themselves, in no order; facelist points at each of them once.
+// The records themselves; facelist points at each of them once.
 constinit listface records[facelimit] = {};
 
-// Shell's sort (D. L. Shell 1959) with the gaps of M. Ciura 2001. The library's qsort fetches heap
-// memory for a list this long, and its sort may run off the list when a depth is not a number:
-// this one does neither, whatever compdepth says.
-void sortfaces() {
-    for (const int gap : {301, 132, 57, 23, 10, 4, 1}) {
-        for (int i = gap; i < facelistcount; i++) {
-            listface* const moving = facelist[i];
-            int hole = i;
-            for (; hole >= gap && compdepth(&facelist[hole - gap], &moving) > 0; hole -= gap) {
-                facelist[hole] = facelist[hole - gap];
-            }
-            facelist[hole] = moving;
-        }
+// compdepth alone is no order for a sort: a depth that is not a number would be as deep as all the
+// others, which are not as deep as one another, and the sort could run off the list. Such faces
+// come first. Equally deep ones keep the order of emission, which is that of their addresses, so
+// that a frame looks the same whatever was painted before it.
+bool paintedbefore(const listface* a, const listface* b) {
+    const bool strange = std::isnan(a->depth);
+    if (strange != std::isnan(b->depth)) {
+        return strange;
     }
+    const int order = compdepth(&a, &b);
+    return order != 0 ? order < 0 : a < b;
 }
 
 } // namespace
@@ -44,6 +42,9 @@ void initdrawface() {
 // Projected at once: the matrix of a turning layer is gone by the time the frame is painted.
 void addface(int key, const float corners[4][3]) {
     assert(facelistcount >= 0 && facelistcount < facelimit);
+    if (facelistcount == 0) {
+        initdrawface(); // painting the frame before has moved the pointers
+    }
     listface* face = facelist[facelistcount];
     facelistcount++;
     face->key = key;
@@ -93,7 +94,7 @@ int compdepth(const void* a, const void* b) {
 void nongldisplay() {
     PushMatrix();
     LoadIdentity(); // the points are in device coordinates already
-    sortfaces();
+    std::sort(facelist, facelist + facelistcount, paintedbefore);
     for (int i = 0; i < facelistcount; i++) {
         setfacecolor(facelist[i]->key);
         polygon(facelist[i]->corner);

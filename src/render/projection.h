@@ -10,7 +10,7 @@
 // Units     model space before projection: x right, y up, z to the viewer, the cube is -3..3.
 //           Device coordinates after it: x and y from -1 to 1 across the view, y upwards; depth
 //           grows away from the viewer.
-// Callers   cubies (emits), animation (getmatrix), view and cube_box (empty and paint the list).
+// Callers   cubies (emits), animation (getmatrix), cube_box (empties the list and paints it).
 // Order     initdrawface once, before the first frame. In a frame: facelistcount = 0; then, each
 //           time the matrix was changed, getmatrix before the next square; at last nongldisplay.
 // Cost      a frame of 312 records allocates nothing.
@@ -29,11 +29,13 @@ constexpr int facelimit = 400; // records; a frame with the rear view uses 312
 extern listface* facelist[facelimit]; // null until initdrawface; painting permutes the pointers
 extern int facelistcount;             // records in use, 0..facelimit; set to 0 before each frame
 
-// Gives the list its 400 records, kept for the program's lifetime. A second call does no harm.
+// Gives the list its 400 records, kept for the program's lifetime, in their order. A second call
+// does no harm.
 void initdrawface();
 
 // Appends one record and transforms it at once, so that later changes of the matrix do not move
-// it. The corners are in model space, key is -1 or 0..53. A full list is an assertion.
+// it. The corners are in model space, key is -1 or 0..53. A full list is an assertion. The records
+// of a frame lie in the order of emission, whatever order an earlier frame was painted in.
 void addface(int key, const float corners[4][3]);
 
 // The transform
@@ -50,6 +52,7 @@ void xform(listface* face); // sets the depth, from the centre, and projects the
 // of b, 1 when nearer, 0 when equally deep or when a depth is not a number.
 int compdepth(const void* a, const void* b);
 
-// Sorts the list by compdepth and paints it in that order. Leaves the matrix as it was. May be
-// called again to paint the same frame again. Equally deep faces keep no particular order.
+// Sorts the list by compdepth and paints it in that order: equally deep faces as they were emitted,
+// and first of all those whose depth is not a number. Leaves the matrix as it was. May be called
+// again to paint the same frame again.
 void nongldisplay();

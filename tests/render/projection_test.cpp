@@ -179,7 +179,8 @@ TEST_F(Projection, PaintsFromTheFarthestToTheNearest) {
     }
 }
 
-TEST_F(Projection, DepthsThatAreNoNumbersLoseNoRecord) {
+// Any order of records and numbers: those that are no numbers first, then from far to near.
+TEST_F(Projection, DepthsThatAreNoNumbersArePaintedFirst) {
     std::mt19937 random(3);
     for (int i = 0; i < facelimit; i++) {
         adddepth(random() % 3 == 0 ? std::numeric_limits<float>::quiet_NaN()
@@ -188,6 +189,43 @@ TEST_F(Projection, DepthsThatAreNoNumbersLoseNoRecord) {
     nongldisplay();
     EXPECT_EQ(paintedcount, facelimit);
     EXPECT_EQ(std::set<listface*>(facelist, facelist + facelimit).size(), 400U);
+    const auto strange = [](const listface* face) { return std::isnan(face->depth); };
+    EXPECT_TRUE(std::is_partitioned(facelist, facelist + facelimit, strange));
+    EXPECT_TRUE(std::is_sorted(
+        std::find_if_not(facelist, facelist + facelimit, strange), facelist + facelimit,
+        [](const listface* a, const listface* b) { return a->depth > b->depth; }));
+}
+
+TEST_F(Projection, InfiniteDepthsStandAtTheEnds) {
+    constexpr float infinity = std::numeric_limits<float>::infinity();
+    for (const float depth : {-infinity, 1.0F, infinity, -3e38F, 3e38F}) {
+        adddepth(depth);
+    }
+    nongldisplay();
+    EXPECT_EQ(facelist[0]->depth, infinity);
+    EXPECT_EQ(facelist[4]->depth, -infinity);
+}
+
+// Also when the frame before was painted in another order: the records of a frame begin anew.
+TEST_F(Projection, EquallyDeepFacesArePaintedAsTheyWereEmitted) {
+    for (const int n : {2, 17, 156, 400}) {
+        SCOPED_TRACE(n);
+        facelistcount = 0;
+        for (int i = 0; i < n; i++) {
+            adddepth(static_cast<float>(i)); // painted backwards
+        }
+        nongldisplay();
+        facelistcount = 0;
+        paintedcount = 0;
+        for (int i = 0; i < n; i++) {
+            adddepth(0.5F);
+            facelist[i]->corner[0][0] = static_cast<float>(i);
+        }
+        nongldisplay();
+        for (int i = 0; i < n; i++) {
+            ASSERT_EQ(paintedlist[i].x[0], static_cast<float>(i));
+        }
+    }
 }
 
 void expectsquare(const painted& p, const painted& wanted) {
