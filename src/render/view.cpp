@@ -3,22 +3,13 @@
 
 #include "model/turns.h"
 #include "render/glwrap.h"
+#include "render/standardview.h"
 
-#include <algorithm>
-#include <cmath>
-#include <numbers>
+#include <span>
 
 constinit int demomode = 0;
 
 namespace {
-
-// The viewpoint
-
-constexpr float nearplane = 4; // distances from the eye
-constexpr float farplane = 80;
-constexpr float eyedistance = 32;
-constexpr float tilt = 25; // degrees
-constexpr float enlargement = 1.5F;
 
 // The clicks. Rectangles that lie roughly inside the three faces as they are seen.
 
@@ -34,7 +25,7 @@ constexpr region_row region_table[] = {
     {0.35F, 0.70F, 0.70F, 0.90F, 0, 16, 20, 3 }, // up     U *U >U d
 };
 
-// Both angles grow by a little less than a third and a little more than half of a turn's 90 degrees
+// Both angles grow by a little more than a quarter and a little more than half of a turn's 90 degrees
 // while one turn is animated, so that the spin keeps step with the speed setting. They are added up
 // without bound: a float stands still long before it overflows.
 void spin() {
@@ -51,81 +42,37 @@ void spin() {
     ry += 51.6F / static_cast<float>(TURNTIME);
 }
 
-// left = left * right, in column order.
-void multiply(float left[4][4], const float (&right)[4][4]) {
-    float product[4][4];
-    for (int column = 0; column < 4; column++) {
-        for (int row = 0; row < 4; row++) {
-            product[column][row] =
-                left[0][row] * right[column][0] + left[1][row] * right[column][1] +
-                left[2][row] * right[column][2] + left[3][row] * right[column][3];
-        }
+// OpenGL's part of standardview.
+void take(const view_step& step) {
+    switch (step.move) {
+    case viewmove::perspective: Frustum(-1, 1, -1, 1, step.x, step.y); break;
+    case viewmove::shift: Translatef(step.x, step.y, step.z); break;
+    case viewmove::tilt: Rotatef(step.angle, step.x, step.y, step.z); break;
+    case viewmove::enlargement: Scalef(step.x, step.y, step.z); break;
     }
-    std::copy(&product[0][0], &product[0][0] + 16, &left[0][0]);
 }
+
+void take(std::span<const view_step> steps) {
+    for (const view_step& step : steps) {
+        take(step);
+    }
+}
+
+constexpr std::span<const view_step> steps = viewsteps;
 
 } // namespace
 
 void setupeye(int w, int h) {
     LoadIdentity();
     Viewport(0, 0, w, h);
-    Frustum(-1, 1, -1, 1, nearplane, farplane);
-    Translatef(0, 0, -eyedistance);
+    take(steps.first(eyesteps));
 }
 
 // The spin comes between tilt and scale: its axes are tilted with the cube.
 void setupcube() {
-    Rotatef(tilt, 1, 0, 0);
-    Rotatef(tilt, 0, 1, 0);
+    take(steps.subspan(eyesteps, tiltsteps));
     spin();
-    Scalef(enlargement, enlargement, enlargement);
-}
-
-void standardview(float m[4][4]) {
-    const float depth = farplane - nearplane;
-    const float a = -(farplane + nearplane) / depth;
-    const float b = -(2 * farplane * nearplane) / depth;
-    const float radians = tilt * (std::numbers::pi_v<float> / 180);
-    const float s = std::sin(radians);
-    const float c = std::cos(radians);
-    const float e = enlargement;
-    const float n = nearplane;
-    const float d = -eyedistance;
-    const float frustum[4][4] = {
-        {n, 0, 0, 0 },
-        {0, n, 0, 0 },
-        {0, 0, a, -1},
-        {0, 0, b, 0 }
-    };
-    const float away[4][4] = {
-        {1, 0, 0, 0},
-        {0, 1, 0, 0},
-        {0, 0, 1, 0},
-        {0, 0, d, 1}
-    };
-    const float aboutx[4][4] = {
-        {1, 0,  0, 0},
-        {0, c,  s, 0},
-        {0, -s, c, 0},
-        {0, 0,  0, 1}
-    };
-    const float abouty[4][4] = {
-        {c, 0, -s, 0},
-        {0, 1, 0,  0},
-        {s, 0, c,  0},
-        {0, 0, 0,  1}
-    };
-    const float scale[4][4] = {
-        {e, 0, 0, 0},
-        {0, e, 0, 0},
-        {0, 0, e, 0},
-        {0, 0, 0, 1}
-    };
-    std::copy(&frustum[0][0], &frustum[0][0] + 16, &m[0][0]);
-    multiply(m, away);
-    multiply(m, aboutx);
-    multiply(m, abouty);
-    multiply(m, scale);
+    take(steps.subspan(eyesteps + tiltsteps));
 }
 
 int clickturn(float fx, float fy, bool ctrl, bool alt) {
