@@ -25,9 +25,9 @@ constexpr region_row region_table[] = {
     {0.35F, 0.70F, 0.70F, 0.90F, 0, 16, 20, 3 }, // up     U *U >U d
 };
 
-// Both angles grow by a little more than a quarter and a little more than half of a turn's 90 degrees
-// while one turn is animated, so that the spin keeps step with the speed setting. They are added up
-// without bound: a float stands still long before it overflows.
+// Both angles grow by a little more than a quarter and a little more than half of a turn's 90
+// degrees while one turn is animated, so that the spin keeps step with the speed setting. They are
+// added up without bound: a float stands still long before it overflows.
 void spin() {
     static float rx = 0; // degrees by which the demo has turned the picture about x
     static float ry = 0; // and y
