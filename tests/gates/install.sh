@@ -25,8 +25,11 @@ share/doc/vexel/NEWS.md
 share/doc/vexel/examples/corners.macros
 share/doc/vexel/examples/edges.macros
 share/doc/vexel/examples/patterns.macros
+share/doc/vexel/first-steps.md
 share/doc/vexel/formats.md
 share/doc/vexel/manual.md
+share/doc/vexel/pictures/collector.png
+share/doc/vexel/pictures/permutation.png
 share/doc/vexel/pictures/window.png
 END
 )
