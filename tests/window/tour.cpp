@@ -3,9 +3,9 @@
 // tour: shows the program where there is no display, on a virtual one, and proves it right.
 //
 // Usage     tour program folder [macro file]
-// Purpose   a short scripted session: turns by button, key and click, a scramble, a macro, a report,
-//           the colour dialog. At each stop a picture goes into the folder and its name to standard
-//           output.
+// Purpose   a short scripted session: turns by button, key and click, a scramble, a macro, a
+//           report, the colour dialog. At each stop a picture goes into the folder and its name to
+//           standard output.
 // Status    0 if the cube on the screen was what the model said at every stop, 1 if not, 2 for a
 //           wrong call.
 // Callers   script/run, script/tour.
