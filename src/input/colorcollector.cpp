@@ -15,11 +15,10 @@
 #include <string>
 
 constinit int sanecube = 1;
-
-namespace collector {
-
 constinit Fl_Button* buts[placecount] = {};
 constinit Fl_Button* facecolors[cubefacecount] = {};
+
+namespace collector {
 
 namespace {
 

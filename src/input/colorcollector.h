@@ -23,13 +23,9 @@ class Fl_Button;
 // Reset and by Finish.
 extern int sanecube;
 
-namespace collector {
-
 // Null before the first use; read by nobody but the dialog and the tests.
 extern Fl_Button* buts[placecount];          // by place
 extern Fl_Button* facecolors[cubefacecount]; // by colour; the colour is the callback's number
-
-} // namespace collector
 
 // Opens the dialog on the cube as it stands, with the first facelet of U selected, and returns at
 // once: the toolkit's loop goes on, and so do an animation and the demo.
