@@ -3,7 +3,7 @@
 
 #include "base/replacefile.h"
 #include "model/cube.h"
-#include "render/view.h"
+#include "render/standardview.h"
 #include "shell.h"
 
 #include <algorithm>
@@ -12,18 +12,11 @@
 #include <iterator>
 #include <string>
 
-namespace {
-
-// State
-
-constinit float Mat[16] = {}; // the projection, in row order (4 * row + column)
+constinit float Mat[16] = {};
 constinit std::FILE* fp = nullptr;
-constinit int facectr = 0; // the next square, 0..26
+constinit int facectr = 0;
 
-// Tables
-
-// The places in the order in which their squares are written: up the columns of F from the left,
-// down those of U, and along the rows of L from the bottom.
+// Up the columns of F from the left, down those of U, and along the rows of L from the bottom.
 // clang-format off
 constexpr int face[epssquarecount] = {
     24, 21, 18, 25, 22, 19, 26, 23, 20, // F
@@ -32,6 +25,8 @@ constexpr int face[epssquarecount] = {
 };
 
 // clang-format on
+
+namespace {
 
 constexpr bool facesinorder() {
     constexpr int order[3] = {2, 0, 1}; // ORDER FACE
@@ -85,7 +80,8 @@ void writepoint(const char* before, const float* corner, const char* after) {
                  after);
 }
 
-// An index beyond the palette writes nothing.
+} // namespace
+
 void PScolor(int index) {
     if (index >= 0 && index < static_cast<int>(std::size(palette))) {
         std::fprintf(fp, "%s setrgbcolor\n", palette[index]);
@@ -93,18 +89,20 @@ void PScolor(int index) {
 }
 
 // The first colour is overridden by the next line; it stands for an index beyond the palette.
-void quadout(const float (&corner)[4][3]) {
-    assert(facectr < epssquarecount);
-    writepoint("newpath ", corner[0], "moveto");
-    writepoint("", corner[1], "lineto");
-    writepoint("", corner[2], "lineto");
+void quadout(const float* corners) {
+    assert(facectr >= 0 && facectr < epssquarecount);
+    writepoint("newpath ", corners, "moveto");
+    writepoint("", corners + 3, "lineto");
+    writepoint("", corners + 6, "lineto");
     std::fputs("1 0 0 setrgbcolor\n", fp);
     // Deliberate: NOT-BUGS.md, "A printed cube has its own colours"
     PScolor(cubecolors[face[facectr]]);
     facectr++;
-    writepoint("", corner[3], "lineto closepath gsave fill grestore");
+    writepoint("", corners + 9, "lineto closepath gsave fill grestore");
     std::fputs("0 0 0 setrgbcolor stroke\n", fp);
 }
+
+namespace {
 
 // The full cells, without the border that the stickers have on the screen: the outline draws the
 // grid. Each face is walked as the table of places walks it.
@@ -145,7 +143,7 @@ void writepicture(std::FILE* file) {
     for (int square = 0; square < epssquarecount; square++) {
         float corner[4][3];
         cellcorners(square, corner);
-        quadout(corner);
+        quadout(&corner[0][0]);
     }
     std::fputs("showpage\n", fp);
     fp = nullptr;

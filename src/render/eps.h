@@ -5,7 +5,7 @@
 // Purpose   the picture that one can print: always from the standard viewpoint, whatever the view
 //           does (a turn, the demo spin, the rear view), and in fixed colours. Nothing is sorted,
 //           since the three faces do not overlap.
-// State     private: the matrix, the open file, the number of the next square.
+// State     Mat, fp, facectr below.
 // Units     device coordinates -1..1 in the file; its header maps them to points, (0, 0) to
 //           (187, 221) and 1 to 233 points, inside a box of 400 x 400. Six decimals.
 // Callers   the command "Print EPS File"; vexel-macro, which needs no OpenGL for it.
@@ -47,3 +47,18 @@ struct eps_square {
 };
 
 void epssquares(eps_square (&to)[epssquarecount]);
+
+// The parts of the picture
+
+extern float Mat[16];                  // the matrix kept, in row order (4 * row + column); 0 before
+extern std::FILE* fp;                  // the file that is being written, else null
+extern int facectr;                    // the square that quadout writes next, 0..26
+extern const int face[epssquarecount]; // the places of the squares, in the file's order
+
+// The line of a colour: 0..5 are those of the cube, 6..12 of the letters K S V D P C X. Any other
+// index writes nothing. fp must be open.
+void PScolor(int index);
+
+// Writes one square and counts it: twelve floats, x, y, z of each corner in model space. fp must be
+// open, and one more than 27 is an assertion.
+void quadout(const float* corners);

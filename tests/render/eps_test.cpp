@@ -2,17 +2,23 @@
 #include "base/scratch.h"
 #include "model/cube.h"
 #include "model/turns.h"
+#include "nullgl.h"
 #include "nullshell.h"
+#include "render/animation.h"
 #include "render/colors.h"
 #include "render/eps.h"
+#include "render/glwrap.h"
+#include "render/projection.h"
 #include "render/view.h"
 #include "viewpoints.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <gtest/gtest.h>
 #include <sstream>
 #include <string>
@@ -194,12 +200,95 @@ TEST_F(Eps, ColorTableIsNotConsulted) {
     EXPECT_EQ(printed(), before);
 }
 
-TEST_F(Eps, DemoTurnAndRearViewDoNotShow) {
-    const std::string before = printed();
+// Frames of a demo in the middle of a turn of the whole cube are the first thing that this process
+// draws; then it prints. 0 if the picture is the golden one all the same.
+int printsamidst(int rear, const std::string& file) {
+    initnullgl();
+    initdrawface();
+    showrear = rear;
     demomode = 1;
     turnmode = 20;
-    ttime = 60;
-    EXPECT_EQ(printed(), before);
+    TURNTIME = 100;
+    for (ttime = 0; ttime < 60; ttime++) {
+        facelistcount = 0;
+        setupeye(viewsize, viewsize);
+        PushMatrix();
+        setupcube();
+        displaycube();
+        nongldisplay();
+        PopMatrix();
+        paintedcount = 0;
+    }
+    shell.answers = {file};
+    printeps();
+    return readfile(file) == readfile(VEXEL_GOLDEN "/solved.eps") ? 0 : 1;
+}
+
+// In a process of its own each: in this one the matrix may be kept already.
+TEST_F(Eps, DemoTurnAndRearViewDoNotShow) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(std::exit(printsamidst(0, path)), testing::ExitedWithCode(0), "");
+    EXPECT_EXIT(std::exit(printsamidst(1, path)), testing::ExitedWithCode(0), "");
+    GTEST_FLAG_SET(death_test_style, "fast");
+}
+
+TEST_F(Eps, MatrixIsKeptRowByRow) {
+    float m[4][4];
+    standardview(m);
+    printed();
+    for (int row = 0; row < 4; row++) {
+        for (int column = 0; column < 4; column++) {
+            EXPECT_EQ(Mat[4 * row + column], m[column][row]) << row << " " << column;
+        }
+    }
+}
+
+TEST_F(Eps, FilesOrderOfPlacesIsTheDesignedOne) {
+    EXPECT_TRUE(std::equal(order, order + squares, face));
+}
+
+// What write writes when the picture's own file is path.
+std::string written(const std::string& path, const std::function<void()>& write) {
+    fp = std::fopen(path.c_str(), "w");
+    write();
+    std::fclose(fp);
+    fp = nullptr;
+    return readfile(path);
+}
+
+// The numbers are those of the golden file's last square, which is coloured as place 11.
+TEST_F(Eps, QuadoutWritesOneSquareAndCountsIt) {
+    printed(); // keeps the matrix
+    cubecolors[11] = 3;
+    facectr = 26;
+    constexpr float corners[12] = {-3, 1, 1, -3, 3, 1, -3, 3, 3, -3, 1, 3};
+    const std::string square = written(home.file("square"), [&] { quadout(corners); });
+    EXPECT_EQ(facectr, 27);
+    std::vector<std::string> wanted = linesof(readfile(VEXEL_GOLDEN "/solved.eps"));
+    wanted.erase(wanted.begin(), wanted.end() - 8);
+    wanted.pop_back();
+    wanted[4] = "0 0 1 setrgbcolor";
+    EXPECT_EQ(linesof(square), wanted);
+    EXPECT_DEATH(quadout(corners), "facectr");
+}
+
+TEST_F(Eps, EachPictureBeginsWithTheFirstSquare) {
+    facectr = 20;
+    expectcolors(printed());
+    EXPECT_EQ(facectr, 27);
+    EXPECT_EQ(fp, nullptr);
+}
+
+TEST_F(Eps, ColorLineIsThatOfItsIndex) {
+    constexpr const char* lines[13] = {"1 1 1",   "0 1 0",       "1 0 0",    "0 0 1",   "1 .5 0",
+                                       "1 1 0",   ".03 .03 .03", ".9 .9 .9", ".8 0 .8", ".9 .6 0",
+                                       "1 .5 .5", "0 1 1",       ".6 .6 .6"};
+    for (int i = -1; i <= 13; i++) {
+        const bool known = i >= 0 && i < 13;
+        EXPECT_EQ(written(home.file("line"), [i] { PScolor(i); }),
+                  known ? std::string(lines[i]) + " setrgbcolor\n" : "")
+            << i;
+    }
 }
 
 TEST_F(Eps, OnlyTheFirstMatrixIsKept) {
