@@ -11,7 +11,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 status=0
-documents=(README.md HACKING.md NOT-BUGS.md NEWS.md doc/*.md tests/README.md tests/*/README.md)
+mapfile -t documents < <(find . -name '*.md' -not -path './build/*' -printf '%P\n' | LC_ALL=C sort)
 pages=(data/*.[1-9])
 
 complain() {
@@ -21,12 +21,12 @@ complain() {
 
 # The pieces in backticks, "file text" a line.
 quoted() {
-    grep -oHE '`[^` ][^`]*`' "${documents[@]}" 2> /dev/null | sed -E 's/^([^:]+):`(.*)`$/\1 \2/'
+    grep -oHE '`[^` ][^`]*`' "${documents[@]}" | sed -E 's/^([^:]+):`(.*)`$/\1 \2/'
 }
 
 # Indented lines and lines within .nf and .fi: "file text" a line, comments taken off.
 shown() {
-    grep -HE '^    [^ ]' "${documents[@]}" 2> /dev/null | sed -E 's/^([^:]+): +/\1 /'
+    grep -HE '^    [^ ]' "${documents[@]}" | sed -E 's/^([^:]+): +/\1 /'
     awk '/^\.fi/ { on = 0 } on { print FILENAME, $0 } /^\.nf/ { on = 1 }' "${pages[@]}" |
         sed 's/\\-/-/g; s/\\(dq/"/g; s/\\&//g; s/\\e/\\/g'
 }
@@ -52,21 +52,23 @@ while read -r file path; do
     esac
 done < <(quoted)
 
+shown > "$scratch/shown"
+
 # Scripts: there, and with a word of theirs that their own heading tells of.
 while read -r file command word _; do
     [[ $command == script/* ]] || continue
     [[ -x $command ]] || complain "$file shows $command, which is not there"
-    if [[ $word =~ ^[a-z]+$ && -f $command ]] && shown | grep -qE "^$file $command $word( |$)  +"; then
-        sed -n '/^#/p' "$command" | grep -qw -- "$word" ||
+    if [[ $word =~ ^[a-z]+$ && -f $command ]] && grep -qE "^$file $command $word( |$)  +" "$scratch/shown"; then
+        grep -E '^#' "$command" | grep -w -- "$word" > /dev/null ||
             complain "$file shows $command $word, which the script does not know"
     fi
-done < <(shown)
+done < "$scratch/shown"
 
 # Presets.
 while read -r file preset; do
     grep -q "\"name\": \"$preset\"" CMakePresets.json ||
         complain "$file shows the preset $preset, which is not there"
-done < <(shown | sed -nE 's/^([^ ]+) .*cmake (--build )?--preset ([a-z]+).*/\1 \3/p')
+done < <(sed -nE 's/^([^ ]+) .*cmake (--build )?--preset ([a-z]+).*/\1 \3/p' "$scratch/shown")
 
 # Command lines of the tools run. A synopsis, with its brackets, is none.
 cp examples/* "$scratch"
@@ -79,7 +81,7 @@ while read -r file line; do
     then
         complain "$file shows \"$line\", which fails: $(head -n 3 "$scratch/out")"
     fi
-done < <(shown)
+done < "$scratch/shown"
 
 # Owners. The tables of the solver are one row together.
 while read -r name; do
