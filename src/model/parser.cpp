@@ -335,7 +335,8 @@ void revparsestring(const char* text, int length) {
 // Orders
 
 // The brackets are put around the macro as it is: one that closes them early gets the order of what
-// comes before, one that never closes them none.
+// comes before, one that never closes them none. Nothing of what follows is left to do when the
+// order is told: while the message is up turns land on the cube, which has to be the user's again.
 int calcorder(const char* macro) {
     const std::string text = "s(" + std::string(macro) + ")";
     const int mode = parsing;
@@ -344,11 +345,12 @@ int calcorder(const char* macro) {
     parsing = 0;
     const std::vector<int> orders = parsetext(text.c_str(), static_cast<int>(text.size()));
     parsing = mode;
-    tellorders(orders);
     // Deliberate: NOT-BUGS.md, "An order brings back the colours only"
     restorecubex();
     needsredraw = 1;
-    return macorder;
+    const int order = macorder;
+    tellorders(orders);
+    return order;
 }
 
 // Landing

@@ -358,6 +358,38 @@ TEST_F(Parser, TheOrderOfAMacroLeavesItsColoursAlone) {
     EXPECT_EQ(1, parsing);
 }
 
+// A turn that lands while the message is up lands on the cube that is shown, and stays.
+TEST_F(Parser, AnOrderIsToldOfTheCubeThatIsThereAgain) {
+    apply("LF");
+    const codes before(cubecolors, cubecolors + placecount);
+    applyturn(6);
+    const codes after(cubecolors, cubecolors + placecount);
+    applyturn(7);
+    parsing = 1;
+    codes seen;
+    shell.whilemessage = [&seen] {
+        seen.assign(cubecolors, cubecolors + placecount);
+        EXPECT_EQ(1, needsredraw);
+        EXPECT_EQ(1, parsing);
+        land("R");
+    };
+    needsredraw = 0;
+    EXPECT_EQ(105, calcorder("RU"));
+    EXPECT_EQ(messages{"inform: order = 105"}, shell.messages);
+    EXPECT_EQ(before, seen);
+    EXPECT_EQ(after, codes(cubecolors, cubecolors + placecount));
+    EXPECT_EQ(6, undobuf[undoptr - 1]);
+}
+
+// Another order that is found while the message is up does not change the answer of the first.
+TEST_F(Parser, AnOrderIsItsOwnWhateverHappensBehindItsMessage) {
+    shell.whilemessage = [] {
+        shell.whilemessage = nullptr;
+        EXPECT_EQ(4, calcorder("U"));
+    };
+    EXPECT_EQ(105, calcorder("RU"));
+}
+
 TEST_F(Parser, AnOrderRestoresTheColoursOnly) {
     apply("LF");
     initundo();
