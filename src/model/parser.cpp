@@ -8,7 +8,6 @@
 #include "model/turns.h"
 #include "shell.h"
 
-#include <climits>
 #include <cstdio>
 #include <cstring>
 #include <string>
@@ -62,10 +61,8 @@ struct parse {
 
 constexpr int nopartner = -1;
 
-// A count of many digits stops at the largest int: no macro can tell the difference in a lifetime.
 int countdigit(int count, char digit) {
-    const long long grown = count * 10LL + (digit - '0');
-    return static_cast<int>(grown < INT_MAX ? grown : INT_MAX);
+    return samecount(count * 10LL + (digit - '0'));
 }
 
 // The bracket that each direction meets first.

@@ -4,8 +4,19 @@
 #include "model/turns.h"
 
 #include <cassert>
+#include <climits>
 #include <cstring>
 #include <utility>
+
+static_assert(countperiod % 55440 == 0 && countperiod % undodrop == 0);
+
+int samecount(long long count) {
+    if (count <= INT_MAX) {
+        return static_cast<int>(count);
+    }
+    const long long periods = (count - INT_MAX + countperiod - 1) / countperiod;
+    return static_cast<int>(count - periods * countperiod);
+}
 
 namespace {
 
@@ -27,6 +38,7 @@ void power(const unsigned char* came, int count, unsigned char* result) {
             done[p] = true;
             cycle[length++] = p;
         }
+        assert(length == 0 || countperiod % length == 0);
         for (int i = 0; i < length; i++) {
             result[cycle[i]] = cycle[(i + count % length) % length];
         }

@@ -11,6 +11,11 @@
 //              is then applied to the real one.
 // Groups inside groups work alike, with the outer group's round as "the real one".
 //
+// Counts are of any size. All that can be told of a large one is that it is large, and what is left
+// of it when it is divided by the length of a cycle, or by the 500 codes that undo forgets at once.
+// So counts that differ by a multiple of countperiod do the same, and one beyond the largest int is
+// brought below it by that.
+//
 // State     a parse_rounds is one parse; all parses share the cube, the queue and the undo buffer.
 // Callers   parser alone.
 // Order     each beginround() is ended by one endrounds() or endorder(), the innermost first. A
@@ -42,6 +47,13 @@ struct parse_rounds {
 bool doturn(parse_rounds& rounds, int code);
 
 void doreset(parse_rounds& rounds); // the cube is solved from here on, in either mode
+
+// A cycle of stickers is one of up to 8 corners or 12 edges, gone through once, or three times or
+// twice where it twists or flips: the lengths divide 16 * 9 * 5 * 7 * 11 = 55440.
+constexpr int countperiod = 1386000; // the least number that 55440 and undodrop both divide
+
+// count itself up to INT_MAX, else the largest int that does the same. count >= 0.
+[[nodiscard]] int samecount(long long count);
 
 void beginround(parse_rounds& rounds);
 

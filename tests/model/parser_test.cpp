@@ -182,10 +182,16 @@ TEST_F(Parser, TheQueueTakes999TurnsAndTheParseEnds) {
     EXPECT_EQ(0, parselevel);
 }
 
-TEST_F(Parser, CountsStopGrowing) {
-    apply("99999999999999999999999999(R)"); // INT_MAX rounds, 3 modulo 4
+TEST_F(Parser, CountsOfAnySizeAreExact) {
+    for (const char* four : {"10000000000(R)", "2147483648(R)", "4294967296(U)",
+                             "99999999999999999999999996(*F)", "1000000000000(25(>R)3(L))"}) {
+        apply(four);
+        EXPECT_EQ(1, solved()) << four;
+    }
+    apply("99999999999999999999999999(R)"); // 3 modulo 4
     revparsestring("3(R)", 4);
     EXPECT_EQ(1, solved());
+    EXPECT_EQ(codes(999, 6), queue("2147483648(R)"));
 }
 
 TEST_F(Parser, AGroupWithoutDigitsEndsTheReversal) {

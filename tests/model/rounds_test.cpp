@@ -141,6 +141,63 @@ TEST_F(Rounds, HugeCountsAreExactAtOnce) {
     }
 }
 
+int modulo(const std::string& digits, int divisor) {
+    int rest = 0;
+    for (char digit : digits) {
+        rest = (rest * 10 + (digit - '0')) % divisor;
+    }
+    return rest;
+}
+
+std::string drawturns() {
+    std::string text;
+    for (int i = draw(12); i >= 0; i--) {
+        text += std::string(turn_table[draw(turncount)].notation);
+    }
+    return text;
+}
+
+// Rounds until the macro comes back to where it began, facelet by facelet.
+int slowperiod(const std::string& text) {
+    slow_run run;
+    int period = 0;
+    do {
+        run.budget = 1000000;
+        slowparse(run, text);
+        period++;
+    } while (!(run.cube == slowsolved()));
+    return period;
+}
+
+// The cube is that of the count modulo the period. The undo buffer ends in the last rounds and holds
+// 301 + (turns - 801) modulo 500.
+TEST_F(Rounds, CountsOfManyDigitsAreExact) {
+    for (int i = 0; i < 300; i++) {
+        SetUp();
+        std::string digits = "2147483648";
+        for (int more = draw(30); more > 0; more--) {
+            digits += drawof("0123456789");
+        }
+        const std::string group = "(" + drawturns() + ")";
+        SCOPED_TRACE(digits + group);
+        slow_run run;
+        run.budget = 1000000;
+        slowparse(run, std::to_string(modulo(digits, slowperiod("1" + group))) + group);
+        ASSERT_GE(run.budget, 0);
+        apply("1" + group);
+        const codes round = held();
+        const int turnsinround = undoptr;
+        SetUp();
+        apply(digits + group);
+        ASSERT_TRUE(run.cube == modelcube());
+        ASSERT_EQ(301 + (turnsinround * modulo(digits, 500) + 199) % 500, undoptr);
+        for (int back = 1; back <= undoptr; back++) {
+            const int place = turnsinround - 1 - (back - 1) % turnsinround;
+            ASSERT_EQ(round[static_cast<size_t>(place)], undobuf[undoptr - back]) << back;
+        }
+    }
+}
+
 TEST_F(Rounds, LongRoundsLeaveTheUndoBufferOfEachTurn) {
     for (const char* text : {"1301(R)", "801(R)", "1300(U)", "3(700(R)U)", "7(999(R)3(432(UF)))"}) {
         SCOPED_TRACE(text);
