@@ -69,6 +69,7 @@ void rundemo() {
     setmacroline(s);
     loadout(s);
     parsing = 1;
+    // Deliberate: NOT-BUGS.md, "The Singmaster form is converted by the check alone"
     parsestring(s, static_cast<int>(std::strlen(s)));
     parsing = 0;
 }

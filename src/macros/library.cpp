@@ -165,6 +165,7 @@ void deletedefinedmacro() {
     }
 }
 
+// Deliberate: NOT-BUGS.md, "Deleting all macros takes the marks with it"
 void deleteallmacros() {
     initlibrary();
     showmacros();

@@ -340,6 +340,7 @@ int calcorder(const char* macro) {
     savecubex();
     macrolinechanged();
     parsing = 0;
+    // Deliberate: NOT-BUGS.md, "The Singmaster form is converted by the check alone"
     const std::vector<int> orders = parsetext(text.c_str(), static_cast<int>(text.size()));
     parsing = mode;
     // Deliberate: NOT-BUGS.md, "An order brings back the colours only"

@@ -9,8 +9,9 @@
 //           to the cube and its code goes to undosave (undo.h); the queue is left alone.
 // Texts     of any bytes, of any length, nested to any depth. The length argument rules: nothing
 //           behind it is read, and a NUL is a character like another. A length below 1 is empty.
-// Limits    counts of any number of digits are exact in what they do to the cube. All functions take time linear in the length,
-//           whatever the counts are: a group is worked out once and its rounds are multiplied.
+// Limits    a count of any number of digits is exact in what it does to the cube. All functions
+//           take time linear in the length, whatever the counts are: a group is worked out once and
+//           its rounds are multiplied.
 // Callers   dispatch, driver, demo, library; the animation and the view hand turns over here.
 #pragma once
 

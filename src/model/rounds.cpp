@@ -160,7 +160,9 @@ bool endrounds(parse_rounds& rounds, int count) {
 void endorder(parse_rounds& rounds) {
     assert(!rounds.queueing);
     const group_round done = takeround(rounds);
+    // Deliberate: NOT-BUGS.md, "An order that never comes is 0"
     const int order = done.reset ? solved() : roundstosolved();
+    // Deliberate: NOT-BUGS.md, "An order is told once"
     rounds.orders.push_back(order);
     landrounds(rounds, done.landed, order != 0 ? order : 2);
 }

@@ -87,6 +87,16 @@ TEST_F(Demo, TheMacroOfTheLineIsPlayedFromTheSolvedCube) {
     EXPECT_STREQ("R*F2(l)", macroline());
 }
 
+TEST_F(Demo, TheSingmasterFormIsPlayedAsItsLetters) {
+    setmacroline("[R U' F2]");
+    toggledemo();
+    EXPECT_EQ(6, turns[0]);
+    EXPECT_EQ(0, turns[1]);
+    EXPECT_EQ(8, turns[2]);
+    EXPECT_EQ(noturn, turns[3]);
+    EXPECT_STREQ("[R U' F2]", macroline());
+}
+
 TEST_F(Demo, EachRoundQueuesTheMacroAgain) {
     setmacroline("RUf");
     toggledemo();

@@ -321,6 +321,26 @@ TEST_F(Parser, SFindsTheOrder) {
     }
 }
 
+TEST_F(Parser, AnOrderThatNeverComesIsZero) {
+    EXPECT_EQ(0, calcorder("xR"));
+    EXPECT_EQ((codes{6, 6}), held());
+    EXPECT_EQ(messages{"inform: order = 0"}, shell.messages);
+    for (const char* macro : {"Ux2(R)", "FxR", "1(s(U))R"}) {
+        EXPECT_EQ(0, calcorder(macro)) << macro;
+        EXPECT_EQ(1, solved()) << macro;
+    }
+    EXPECT_EQ(1, check("s(1(s(U))R)"));
+}
+
+TEST_F(Parser, TheSingmasterFormIsReadAsItsLetters) {
+    shell.line = "[R U' F2]";
+    const int order = calcorder("RUF");
+    EXPECT_EQ(order, calcorder("[R U' F2]"));
+    EXPECT_NE(order, calcorder("RuFF"));
+    EXPECT_EQ((codes{6, 0, 8}), queue("[R U' F2]"));
+    EXPECT_EQ("[R U' F2]", shell.line);
+}
+
 TEST_F(Parser, AnOrderOfTheTextIsToldOnce) {
     apply("999999(s(RU))F1(s(F))");
     EXPECT_EQ((messages{"inform: order = 105", "inform: order = 4"}), shell.messages);

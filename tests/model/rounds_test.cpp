@@ -169,8 +169,8 @@ int slowperiod(const std::string& text) {
     return period;
 }
 
-// The cube is that of the count modulo the period. The undo buffer ends in the last rounds and holds
-// 301 + (turns - 801) modulo 500.
+// The cube is that of the count modulo the period. The undo buffer ends in the last rounds and
+// holds 301 + (turns - 801) modulo 500.
 TEST_F(Rounds, CountsOfManyDigitsAreExact) {
     for (int i = 0; i < 300; i++) {
         SetUp();
