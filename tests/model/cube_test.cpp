@@ -7,7 +7,6 @@
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <numeric>
-#include <set>
 
 namespace {
 
@@ -162,10 +161,18 @@ TEST_F(Cube, FaceNamesNameTheFacesThatMoveThePlace) {
     }
 }
 
-TEST_F(Cube, FaceNamesAreDistinct) {
-    EXPECT_EQ(54U, std::set<std::string>(facenames, facenames + 54).size());
-    EXPECT_STREQ("Ulb", facenames[0]);
-    EXPECT_STREQ("Drb", facenames[53]);
+TEST_F(Cube, FaceNamesAreTheDesignedOnes) {
+    const char* const designed[placecount] = {
+        "Ulb", "Ub", "Urb", "Ul", "U", "Ur", "Ulf", "Uf", "Urf", // U
+        "Lub", "Lu", "Luf", "Lb", "L", "Lf", "Ldb", "Ld", "Ldf", // L
+        "Ful", "Fu", "Fur", "Fl", "F", "Fr", "Fld", "Fd", "Frd", // F
+        "Ruf", "Ru", "Rub", "Rf", "R", "Rb", "Rfd", "Rd", "Rbd", // R
+        "Bru", "Bu", "Blu", "Br", "B", "Bl", "Brd", "Bd", "Bld", // B
+        "Dlf", "Df", "Drf", "Dl", "D", "Dr", "Dlb", "Db", "Drb", // D
+    };
+    for (int p = 0; p < placecount; p++) {
+        EXPECT_STREQ(designed[p], facenames[p]) << p;
+    }
 }
 
 TEST_F(Cube, CubiePlacesLieOnTheFacesOfTheirNames) {

@@ -8,6 +8,12 @@
 
 namespace {
 
+// Taken before main, and so before any test or init function could set them.
+const struct {
+    int turns, turn, turnptr, turnmode, ttime, TURNTIME, needsredraw, turnlanded;
+} atstart = {::turns[0], ::turn,     ::turnptr,     ::turnmode,
+             ::ttime,    ::TURNTIME, ::needsredraw, ::turnlanded};
+
 class Turns : public testing::Test {
   protected:
     void SetUp() override {
@@ -82,9 +88,9 @@ TEST_F(Turns, OtherCodesDoNothing) {
 // The queue
 
 TEST_F(Turns, TheQueueStartsEmpty) {
-    EXPECT_EQ(noturn, turns[0]);
-    EXPECT_EQ(0, turn);
-    EXPECT_EQ(0, turnptr);
+    EXPECT_EQ(noturn, atstart.turns);
+    EXPECT_EQ(0, atstart.turn);
+    EXPECT_EQ(0, atstart.turnptr);
 }
 
 TEST_F(Turns, QueuedTurnsAreEndedByTheMark) {
@@ -144,11 +150,30 @@ TEST_F(Turns, AStartedTurnHasNotLandedAndInheritsTheFrame) {
 }
 
 TEST_F(Turns, AQuietProgramStartsReadyToDraw) {
-    EXPECT_EQ(noturn, turnmode);
-    EXPECT_EQ(0, ttime);
-    EXPECT_EQ(120, TURNTIME);
-    EXPECT_EQ(1, needsredraw);
-    EXPECT_EQ(0, turnlanded);
+    EXPECT_EQ(noturn, atstart.turnmode);
+    EXPECT_EQ(0, atstart.ttime);
+    EXPECT_EQ(120, atstart.TURNTIME);
+    EXPECT_EQ(1, atstart.needsredraw);
+    EXPECT_EQ(0, atstart.turnlanded);
+}
+
+TEST_F(Turns, InitialisingTakesEverythingBack) {
+    queueturn(3);
+    turn = 1;
+    startturn(9);
+    ttime = 17;
+    TURNTIME = 5;
+    needsredraw = 0;
+    turnlanded = 1;
+    initturns();
+    EXPECT_EQ(atstart.turns, turns[0]);
+    EXPECT_EQ(atstart.turn, turn);
+    EXPECT_EQ(atstart.turnptr, turnptr);
+    EXPECT_EQ(atstart.turnmode, turnmode);
+    EXPECT_EQ(atstart.ttime, ttime);
+    EXPECT_EQ(atstart.TURNTIME, TURNTIME);
+    EXPECT_EQ(atstart.needsredraw, needsredraw);
+    EXPECT_EQ(atstart.turnlanded, turnlanded);
 }
 
 } // namespace
