@@ -3,6 +3,7 @@
 #include "nullgl.h"
 #include "render/colors.h"
 #include "render/glwrap.h"
+#include "render/rendertest.h"
 
 #include <cstring>
 #include <gtest/gtest.h>
@@ -10,16 +11,7 @@
 
 namespace {
 
-class Colors : public testing::Test {
-  protected:
-    void SetUp() override {
-        initcubies();
-        initnullgl();
-        std::strcpy(colortable, "WGRBOY");
-    }
-
-    void TearDown() override { std::strcpy(colortable, "WGRBOY"); }
-};
+class Colors : public rendertest {};
 
 struct rgb {
     float r, g, b;

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "model/cube.h"
-#include "nullgl.h"
 #include "render/animation.h"
 #include "render/cubies.h"
 #include "render/projection.h"
-#include "viewpoints.h"
+#include "render/rendertables.h"
+#include "render/rendertest.h"
 
 #include <algorithm>
 #include <cctype>
@@ -15,17 +15,7 @@
 
 namespace {
 
-// The identity keeps the records in model space.
-class Cubies : public testing::Test {
-  protected:
-    void SetUp() override {
-        initcubies();
-        initnullgl();
-        initdrawface();
-        facelistcount = 0;
-        getmatrix();
-    }
-};
+class Cubies : public rendertest {};
 
 void expectcorners(const listface* face, const float (&wanted)[4][3]) {
     for (int i = 0; i < 4; i++) {
@@ -34,51 +24,6 @@ void expectcorners(const listface* face, const float (&wanted)[4][3]) {
         }
     }
 }
-
-modelpoint centerof(const listface* face) {
-    modelpoint c = {0, 0, 0};
-    for (const auto& corner : face->corner) {
-        c.x += corner[0] / 4;
-        c.y += corner[1] / 4;
-        c.z += corner[2] / 4;
-    }
-    return c;
-}
-
-struct named_cubie {
-    const char* name;
-    void (*draw)();
-    cubie id;
-};
-
-constexpr named_cubie named[] = {
-    {"F",   drawF,   cubie::F  },
-    {"B",   drawB,   cubie::B  },
-    {"R",   drawR,   cubie::R  },
-    {"L",   drawL,   cubie::L  },
-    {"U",   drawU,   cubie::U  },
-    {"D",   drawD,   cubie::D  },
-    {"UFL", drawUFL, cubie::UFL},
-    {"UFR", drawUFR, cubie::UFR},
-    {"UBL", drawUBL, cubie::UBL},
-    {"UBR", drawUBR, cubie::UBR},
-    {"DFR", drawDFR, cubie::DFR},
-    {"DFL", drawDFL, cubie::DFL},
-    {"DBL", drawDBL, cubie::DBL},
-    {"DBR", drawDBR, cubie::DBR},
-    {"UF",  drawUF,  cubie::UF },
-    {"UB",  drawUB,  cubie::UB },
-    {"UR",  drawUR,  cubie::UR },
-    {"UL",  drawUL,  cubie::UL },
-    {"RF",  drawRF,  cubie::RF },
-    {"LF",  drawLF,  cubie::LF },
-    {"RB",  drawRB,  cubie::RB },
-    {"LB",  drawLB,  cubie::LB },
-    {"DF",  drawDF,  cubie::DF },
-    {"DB",  drawDB,  cubie::DB },
-    {"DR",  drawDR,  cubie::DR },
-    {"DL",  drawDL,  cubie::DL },
-};
 
 std::string sortedletters(std::string text) {
     std::transform(text.begin(), text.end(), text.begin(),
@@ -94,10 +39,6 @@ modelpoint cellof(const std::string& name) {
                                          std::count(name.begin(), name.end(), minus));
     };
     return {side('R', 'L'), side('U', 'D'), side('F', 'B')};
-}
-
-double distance(modelpoint a, modelpoint b) {
-    return std::hypot(a.x - b.x, a.y - b.y, a.z - b.z);
 }
 
 TEST_F(Cubies, FaceAcrossXHasItsBackingAndSticker) {
@@ -166,19 +107,39 @@ TEST_F(Cubies, StickerOfANegativePlaneIsLiftedTheOtherWay) {
     EXPECT_FLOAT_EQ(facelist[5]->corner[0][2], -3.005F);
 }
 
-TEST_F(Cubies, CenterCornerAndEdgeHaveTwoSixAndEightRecords) {
-    for (const named_cubie& row : named) {
+// The two records of a square: its backing and its sticker, where the table has it.
+void expectsquare(int first, const table_square& square) {
+    const modelpoint on = squarecenter(square);
+    EXPECT_EQ(facelist[first]->key, -1);
+    EXPECT_EQ(facelist[first + 1]->key, square.key);
+    EXPECT_LT(distance(centerof(facelist[first]), on), 1e-6);
+    EXPECT_NEAR(distance(centerof(facelist[first + 1]), on), 0.005, 1e-6);
+}
+
+TEST_F(Cubies, EachEmitsItsSquaresInTheirOrder) {
+    for (const table_cubie& row : cubietable) {
         SCOPED_TRACE(row.name);
         facelistcount = 0;
         row.draw();
-        EXPECT_EQ(facelistcount, std::string(row.name).size() == 1   ? 2
-                                 : std::string(row.name).size() == 2 ? 8
-                                                                     : 6);
+        ASSERT_EQ(facelistcount, 2 * row.squares);
+        for (int i = 0; i < row.squares; i++) {
+            expectsquare(2 * i, row.square[i]);
+        }
+    }
+}
+
+TEST_F(Cubies, CenterCornerAndEdgeHaveTwoSixAndEightRecords) {
+    constexpr int records[] = {2, 8, 6}; // by the length of the name
+    for (const table_cubie& row : cubietable) {
+        SCOPED_TRACE(row.name);
+        facelistcount = 0;
+        row.draw();
+        EXPECT_EQ(facelistcount, records[std::string(row.name).size() - 1]);
     }
 }
 
 TEST_F(Cubies, EachHasThePlacesOfTheFacesInItsName) {
-    for (const named_cubie& row : named) {
+    for (const table_cubie& row : cubietable) {
         SCOPED_TRACE(row.name);
         facelistcount = 0;
         row.draw();
@@ -194,20 +155,22 @@ TEST_F(Cubies, EachHasThePlacesOfTheFacesInItsName) {
     }
 }
 
+// Enumerators and names stand in one order.
 TEST_F(Cubies, NameAndEnumeratorAreTheSameCubie) {
-    for (const named_cubie& row : named) {
+    for (int id = 0; id < cubiecount; id++) {
+        const table_cubie& row = cubietable[id];
         SCOPED_TRACE(row.name);
         facelistcount = 0;
-        drawcubie(row.id);
-        const int firstkey = facelist[1]->key;
-        facelistcount = 0;
-        row.draw();
-        EXPECT_EQ(facelist[1]->key, firstkey);
+        drawcubie(static_cast<cubie>(id));
+        ASSERT_EQ(facelistcount, 2 * row.squares);
+        for (int i = 0; i < row.squares; i++) {
+            expectsquare(2 * i, row.square[i]);
+        }
     }
 }
 
 TEST_F(Cubies, AllSquaresLieOnTheirCubiesCell) {
-    for (const named_cubie& row : named) {
+    for (const table_cubie& row : cubietable) {
         SCOPED_TRACE(row.name);
         facelistcount = 0;
         row.draw();
@@ -220,7 +183,7 @@ TEST_F(Cubies, AllSquaresLieOnTheirCubiesCell) {
 // The squares of one cubie are different sides of its cell, and an edge's black ones face the
 // corners beside it.
 TEST_F(Cubies, EdgesCloseTheirTwoInnerSides) {
-    for (const named_cubie& row : named) {
+    for (const table_cubie& row : cubietable) {
         if (std::string(row.name).size() != 2) {
             continue;
         }

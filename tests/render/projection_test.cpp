@@ -4,8 +4,8 @@
 #include "render/cubies.h"
 #include "render/glwrap.h"
 #include "render/projection.h"
+#include "render/rendertest.h"
 #include "render/view.h"
-#include "viewpoints.h"
 
 #include <algorithm>
 #include <cmath>
@@ -35,17 +35,7 @@ void fill() {
     }
 }
 
-class Projection : public testing::Test {
-  protected:
-    void SetUp() override {
-        initcubies();
-        initnullgl();
-        initdrawface();
-        facelistcount = 0;
-        demomode = 0;
-        getmatrix();
-    }
-};
+class Projection : public rendertest {};
 
 TEST_F(Projection, ListHas400Records) {
     const std::set<listface*> distinct(facelist, facelist + facelimit);

@@ -3,8 +3,8 @@
 #include "nullgl.h"
 #include "render/glwrap.h"
 #include "render/projection.h"
+#include "render/rendertest.h"
 #include "render/view.h"
-#include "viewpoints.h"
 
 #include <algorithm>
 #include <cmath>
@@ -12,18 +12,7 @@
 
 namespace {
 
-class View : public testing::Test {
-  protected:
-    void SetUp() override {
-        initturns();
-        initnullgl();
-        demomode = 0;
-        setupcube(); // puts the spin back
-        initnullgl();
-    }
-
-    void TearDown() override { demomode = 0; }
-};
+class View : public rendertest {};
 
 struct click_row {
     const char* where;
