@@ -233,6 +233,47 @@ class CubeBox : public testing::Test {
         return p.part(letter).count({0, 0, 0});
     }
 
+    static bool black(const picture& p, int x, int y) { return p.at(x, y) == rgb{0, 0, 0}; }
+
+    // The smallest rectangle round the black pixels of the letter at a point of model space.
+    static rectangle inkbox(const picture& p, modelpoint where) {
+        const viewpixel at = project(where, false);
+        int left = viewsize;
+        int right = -1;
+        int top = viewsize;
+        int bottom = -1;
+        for (int y = static_cast<int>(at.y) - 15; y < static_cast<int>(at.y) + 3; y++) {
+            for (int x = static_cast<int>(at.x) - 3; x < static_cast<int>(at.x) + 11; x++) {
+                if (black(p, x, y)) {
+                    left = std::min(left, x);
+                    right = std::max(right, x);
+                    top = std::min(top, y);
+                    bottom = std::max(bottom, y);
+                }
+            }
+        }
+        return {left, top, right - left + 1, bottom - top + 1};
+    }
+
+    // 'F', 'L' or 'U', whichever stands at a point of model space; '?' if it is none of them.
+    static char letter(const picture& p, modelpoint where) {
+        const rectangle box = inkbox(p, where);
+        int top = 0;
+        int bottom = 0;
+        int right = 0;
+        for (int x = box.x; x < box.x + box.w; x++) {
+            top += black(p, x, box.y) ? 1 : 0;
+            bottom += black(p, x, box.y + box.h - 1) ? 1 : 0;
+        }
+        for (int y = box.y; y < box.y + box.h; y++) {
+            right += black(p, box.x + box.w - 1, y) ? 1 : 0;
+        }
+        const bool stem = right > box.h / 2;
+        const bool bar = top > box.w / 2;
+        const bool foot = bottom > box.w / 2;
+        return stem && !bar ? 'U' : !stem && bar && !foot ? 'F' : !stem && foot && !bar ? 'L' : '?';
+    }
+
     static inline std::unique_ptr<xserver> screen;
     static inline Fl_Window* window;
     static inline cube_box* view;
@@ -255,12 +296,33 @@ TEST_F(CubeBox, BackgroundIsMidGrey) {
     EXPECT_TRUE(near(p.at(430, 430), {128, 128, 128}));
 }
 
-TEST_F(CubeBox, LabelsStandAtTheirPlaces) {
+// The letters of the three faces are told apart by where their ink is: F has a bar at the top and
+// none at the bottom, L the other way round, U a second stem on its right.
+TEST_F(CubeBox, EachLetterStandsOnItsFace) {
     frame();
     const picture p = seen();
-    EXPECT_GT(ink(p, {0, 0, 3}), 8);
-    EXPECT_GT(ink(p, {0, 2.8, 0}), 8);
-    EXPECT_GT(ink(p, {-3.1, 0, 0}), 8);
+    EXPECT_EQ(letter(p, {0, 0, 3}), 'F');
+    EXPECT_EQ(letter(p, {0, 2.8, 0}), 'U');
+    EXPECT_EQ(letter(p, {-3.1, 0, 0}), 'L');
+}
+
+// A letter begins at its point: nothing of it lies left of it or below it, and its stem is near.
+TEST_F(CubeBox, LettersBeginAtTheirPlaces) {
+    frame();
+    const picture p = seen();
+    for (const modelpoint where : {
+             modelpoint{0,    0,   3},
+             {0,    2.8, 0},
+             {-3.1, 0,   0}
+    }) {
+        const viewpixel at = project(where, false);
+        const rectangle box = inkbox(p, where);
+        EXPECT_GE(box.x, std::floor(at.x));
+        EXPECT_LE(box.x, std::ceil(at.x) + 2);
+        EXPECT_NEAR(box.y + box.h, at.y, 1.5);
+        EXPECT_TRUE(box.h >= 9 && box.h <= 14)
+            << box.h; // whatever font stands in for the right one
+    }
 }
 
 TEST_F(CubeBox, DemoShowsNoLabels) {
