@@ -205,8 +205,8 @@ TEST_F(Animation, LayerTurnsByNinetyDegreesTimesFrameOverFrames) {
     }
 }
 
-// The records from first on, two for each square: in the order of squares, turned by the angle about
-// the axis, and lifted off their planes by no more than the stickers are.
+// The records from first on, two for each square: in the order of squares, turned by the angle
+// about the axis, and lifted off their planes by no more than the stickers are.
 void expectsquares(int first, const std::vector<table_square>& squares, char axis, double angle) {
     for (std::size_t i = 0; i < squares.size(); i++) {
         const listface* backing = facelist[static_cast<std::size_t>(first) + 2 * i];
