@@ -7,6 +7,7 @@
 #include "app/driver.h"
 #include "app/mainwindow.h"
 #include "app/ownrandom.h"
+#include "app/toolkitstore.h"
 #include "macros/macrofile.h"
 #include "macros/preferences.h"
 #include "model/cube.h"
@@ -79,6 +80,7 @@ void askforkeyboard() {
 } // namespace
 
 int main(int argc, char** argv) {
+    givehomeback();
     partrandom();
     opendisplay();
     choosefonts();

@@ -11,7 +11,6 @@
 #include "shell.h"
 
 #include <FL/Fl_Box.H>
-#include <FL/Fl_File_Chooser.H>
 #include <FL/Fl_Window.H>
 #include <FL/fl_ask.H>
 
@@ -66,10 +65,6 @@ bool askyesno(const char* question) {
 
 const char* askline(const char* prompt, const char* preset) {
     return fl_input("%s", preset, label(prompt).c_str());
-}
-
-const char* askfile(const char* title, const char* pattern, const char* preset) {
-    return fl_file_chooser(title, pattern, preset, 0);
 }
 
 void loadcube() {

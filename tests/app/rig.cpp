@@ -16,6 +16,7 @@
 #include <FL/Fl.H>
 #include <FL/Fl_Box.H>
 #include <FL/Fl_Window.H>
+#include <FL/x.H>
 #include <X11/keysym.h>
 
 #include <cstdlib>
@@ -25,11 +26,13 @@ namespace {
 std::function<void()> pendinganswer;
 
 void answerbox(void*) {
-    if (Fl::modal() == nullptr || Fl::modal()->shown() == 0) {
+    const std::vector<windowid> windows = screen().windows();
+    if (Fl::modal() == nullptr || Fl::modal()->shown() == 0 ||
+        windows.back() != fl_xid(Fl::modal())) {
         Fl::repeat_timeout(0.01, answerbox);
         return;
     }
-    screen().focus(screen().windows().back());
+    screen().focus(windows.back());
     pendinganswer();
 }
 

@@ -67,6 +67,9 @@ namespace {
     for (const auto& [name, value] : settings.environment) {
         value.empty() ? unsetenv(name.c_str()) : setenv(name.c_str(), value.c_str(), 1);
     }
+    if (!settings.folder.empty() && chdir(settings.folder.c_str()) != 0) {
+        _exit(127);
+    }
     std::vector<char*> arguments;
     for (const std::string& word : settings.command) {
         arguments.push_back(const_cast<char*>(word.c_str()));

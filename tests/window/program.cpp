@@ -70,6 +70,7 @@ program::program(xserver& server, const program_settings& settings) : screen(ser
         start.environment.push_back(more);
     }
     start.output = output_path;
+    start.folder = home_path;
     running = std::make_unique<process>(start);
     if (settings.wait) {
         waitforwindow();

@@ -6,7 +6,8 @@
 //           a button by its label, a menu entry by its text, a click on the view, a macro typed.
 //           Nothing is read from inside the program: the tests turn a second cube (model/cube.h)
 //           and ask whether the picture shows it.
-// State     one child process with a home folder of its own. It ends with the object.
+// State     one child process with a home folder of its own, in which it works. It ends with the
+//           object.
 // Waiting   Actions return at once; waitforcube and waitfor (process.h) tell when the program has
 //           followed. A turn that comes while another is animated replaces it, by design: wait for
 //           one before asking for the next.

@@ -353,7 +353,9 @@ void xserver::press(unsigned long keysym, int modifiers) const {
 
 void xserver::type(const std::string& ascii) const {
     for (char c : ascii) {
-        const KeySym keysym = c == '\n' ? XK_Return : static_cast<KeySym>(c & 127);
+        const KeySym keysym = c == '\n'   ? XK_Return
+                              : c == '\t' ? XK_Tab
+                                          : static_cast<KeySym>(c & 127);
         const auto [code, shifted] = findkey(connection, keysym);
         if (code != 0) {
             press(keysym, shifted ? shift_key : 0);

@@ -78,7 +78,7 @@ class xserver {
     void release(int modifiers) const; // and lets them go
     void click(int x, int y, int modifiers = 0, int number = 1) const;
     void press(unsigned long keysym, int modifiers = 0) const; // and lets go
-    void type(const std::string& ascii) const; // "\n" is Enter; what no key makes is left out
+    void type(const std::string& ascii) const; // "\n" is Enter, "\t" Tab; what no key makes is out
 
     // Offers text as the selection that a middle click pastes, and serves it until it was taken or
     // the time is over. Returns whether it was taken. Call it with the click already made.
