@@ -54,7 +54,8 @@ constexpr int cornerplaces[cornercount][3] = {
     {53, 42, 35}, // DBR
 };
 
-// By place, a row of the face a line, labelled by its first place.
+// By place, a row of the face a line, labelled by its first place. The order of the small letters
+// is the design's, and no rule gives it: it differs from face to face.
 constinit const char* const facenames[placecount] = {
     "Ulb", "Ub", "Urb", //  0
     "Ul",  "U",  "Ur",  //  3
@@ -189,7 +190,8 @@ void initcubies() {
     }
 }
 
-// The one place where facelets move: both arrays here, or they would part for good.
+// Every turn comes through here and takes both arrays along: a sticker's colour and its home must
+// not part.
 void move(int a, int b, int c, int d) {
     movefour(cubecolors, a, b, c, d);
     movefour(cubefaces, a, b, c, d);
@@ -242,7 +244,8 @@ void jumblecube() {
 
 // Looking
 
-// Each place against the first of its face.
+// Each place against the first of its face, not against the face's number: a cube that is held
+// another way, or whose colours were entered, is solved as well.
 int solved() {
     for (int p = 0; p < placecount; p++) {
         if (cubecolors[p] != cubecolors[p - p % faceplaces]) {
@@ -260,6 +263,7 @@ char faceletter(int place) {
     return faces[cubecolors[place]];
 }
 
+// The listing's room is part of the design, so its end is watched: an entry too many is a mistake.
 void append(const char* entry) {
     const size_t used = strlen(outpat);
     const size_t more = strlen(entry);

@@ -3,9 +3,9 @@
 // cube: the one cube of the program as 54 facelets, what a layer's quarter turn does to them, and
 // three ways of looking at the whole: solved or not, a listing of the cubies, a printed net.
 //
-// State     cubecolors, cubefaces: the cube. Also written by the Save/Restore copies (recording),
-//           by the normalisation to the centres (permutation) and by the colour collector.
-//           outpat: the last listing.
+// State     cubecolors, cubefaces: the cube. Also written where a group is done many times
+//           (rounds), by the Save/Restore copies (savedcube), by the normalisation to the centres
+//           (permutation) and by the colour collector. outpat: the last listing.
 // Units     face 0..5 = ULFRBD; colour 0..5, colour k lies on face k of the solved cube;
 //           place 0..53 = 9 * face + 3 * row + column. The net, each place at its spot:
 //
@@ -21,7 +21,7 @@
 //                             48 49 50     D
 //                             51 52 53
 //
-// Callers   turns and notation turn it; rendering, EPS and the solver's front end read it.
+// Callers   turns and rounds turn it; rendering, EPS and the solver's front end read it.
 // Order     initcubies() before anything else: the arrays start as zeros.
 #pragma once
 

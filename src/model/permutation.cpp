@@ -49,6 +49,7 @@ constexpr int foundlengths = 24; // cycles of 0 to 23 are counted; none of a cub
 constexpr size_t linelimit = 50; // a line of the facelet cycles ends after the cycle that passes it
 constexpr int facetextsize = 800;
 
+// The answers of flipedge() and faceperm(), overwritten by each call.
 constinit char fliptext[3] = "";
 constinit char facetext[facetextsize] = "";
 
@@ -80,7 +81,7 @@ constexpr int edgeorders[2][2] = {
     {1, 0},
 };
 
-// Gives the places of row at the homes of the cubie home, if it lies there in this order.
+// If the cubie home lies at the places at, its colours in this order, says so in cubefaces.
 template <int n>
 void trycubie(const int (&at)[2 * n], const int (&home)[2 * n], const int (&order)[n]) {
     for (int i = 0; i < n; i++) {
@@ -93,7 +94,8 @@ void trycubie(const int (&at)[2 * n], const int (&home)[2 * n], const int (&orde
     }
 }
 
-// The scan does not stop at a match, so that with an impossible colouring the last one wins.
+// The scan need not stop at a match: no two cubies have the same faces, so that three colours, or
+// two, are those of one cubie in one order at most.
 template <int n, int rows, int orders>
 void findcubies(const int (&data)[rows][2 * n], const int (&allorders)[orders][n]) {
     for (const auto& at : data) {
@@ -109,7 +111,8 @@ void findcubies(const int (&data)[rows][2 * n], const int (&allorders)[orders][n
 
 // Normalising
 
-// The centres say which colour is which; the cubies are then looked up by their colours' faces.
+// The centres say which colour is which; the cubies are then looked up by their colours' faces. The
+// cube is recoloured last, since the look-up goes by the colours that it has.
 void muckcube() {
     for (int face = 0; face < cubefacecount; face++) {
         muck[cubecolors[face * faceplaces + 4]] = face;
@@ -187,7 +190,7 @@ std::string structure(const int* counts) {
 
 // The cycle that starts at p, as text, against the direction of the walk; marks its places.
 std::string facecycle(int p, bool* done, int& length) {
-    std::string names;
+    std::string names; // built from its end: the walk goes the other way
     for (length = 0; !done[p]; length++) {
         done[p] = true;
         names.insert(0, std::string(facenames[p]) + " ");

@@ -30,9 +30,9 @@ extern const int muckedgedata[edgecount][4];
 
 // Recolours the cube so that each centre shows the colour of its face, and rebuilds cubefaces from
 // the colours as a permutation relative to the centres, in which centres are at home. Mirrored
-// corners count as well, so that it cannot fail; with a colouring that no cube has, some places
-// keep their entry and of several candidates the last wins. Two centres of one colour leave muck
-// and unmuck with an entry of an earlier call, or zero.
+// corners count as well, so that it cannot fail; with a colouring that no cube has, places whose
+// colours are no cubie's keep their entry, and two may get the same home. Two centres of one colour
+// leave muck and unmuck with an entry of an earlier call, or zero.
 void muckcube();
 
 void unmuckcube(); // takes the colours and cubefaces back to what they were before muckcube()

@@ -20,7 +20,8 @@ int samecount(long long count) {
 
 namespace {
 
-// Permutations: came[p] is the place that the facelet at p came from.
+// Permutations: came[p] is the place that the facelet at p came from. That is how cubefaces stands
+// after a round from the solved cube, so that the round needs no other record.
 
 void apply(const unsigned char* came, const unsigned char* from, unsigned char* to) {
     for (int p = 0; p < placecount; p++) {
@@ -101,8 +102,9 @@ void applyrounds(parse_rounds& rounds, const group_round& done, int count) {
     landrounds(rounds, done.landed, count);
 }
 
-// The cube has had one round from solved; gives it further ones. Ends, for some power of a
-// permutation is the identity.
+// The cube has had one round from solved; gives it further ones. Only the colours go round by
+// round, for solved() looks at nothing else, and an order may well come before the places are back.
+// Ends, for some power of a permutation is the identity.
 int roundstosolved() {
     unsigned char one[placecount];
     unsigned char before[placecount];
@@ -164,5 +166,5 @@ void endorder(parse_rounds& rounds) {
     const int order = done.reset ? solved() : roundstosolved();
     // Deliberate: NOT-BUGS.md, "An order is told once"
     rounds.orders.push_back(order);
-    landrounds(rounds, done.landed, order != 0 ? order : 2);
+    landrounds(rounds, done.landed, order != 0 ? order : 2); // the second has shown that it is none
 }

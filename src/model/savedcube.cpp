@@ -17,6 +17,8 @@ void initsavedcube() {
     issavedcube = 0;
 }
 
+// What a facelet's home is follows from the colours, and the report derives it anew from them
+// (permutation.h): cubefaces may tell of another cube after this without harm.
 void savecube() {
     if (issavedcube == 0) {
         memcpy(savecubedata, cubecolors, sizeof cubecolors);

@@ -6,7 +6,8 @@
 
 #include <string>
 
-// The line is read to the "]" before anything is written, so that a failure changes nothing.
+// A letter takes one mark with it: the 2 of "R'2" is dropped like any other character. The line is
+// read to the "]" before anything is written, so that a failure changes nothing.
 int parsesingmaster() {
     const char* c = macroline();
     std::string plain;

@@ -84,6 +84,7 @@ bool queueturn(int code) {
     return true;
 }
 
+// The reader goes back to the front with the writer, or it would wait behind the end for ever.
 void clearqueue() {
     turn = 0;
     turnptr = 0;
