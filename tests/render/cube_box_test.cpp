@@ -31,10 +31,20 @@
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace {
 
 bool spoilbuffer = false; // a swap leaves rubbish in the back buffer, as it may
+std::vector<rgb> swapped; // what each swap brings up at the middle of the sticker of place 20
+
+rgb backbuffer(int place) {
+    const viewpoint at = lookat(place);
+    unsigned char pixel[3] = {};
+    glReadPixels(static_cast<int>(at.x), viewsize - 1 - static_cast<int>(at.y), 1, 1, GL_RGB,
+                 GL_UNSIGNED_BYTE, pixel);
+    return {pixel[0], pixel[1], pixel[2]};
+}
 
 } // namespace
 
@@ -42,6 +52,7 @@ bool spoilbuffer = false; // a swap leaves rubbish in the back buffer, as it may
 extern "C" void glXSwapBuffers(Display* dpy, GLXDrawable drawable) {
     using swap = void (*)(Display*, GLXDrawable);
     static const swap real = reinterpret_cast<swap>(dlsym(RTLD_NEXT, "glXSwapBuffers"));
+    swapped.push_back(backbuffer(20));
     real(dpy, drawable);
     if (spoilbuffer) {
         glClearColor(1, 0, 1, 0);
@@ -387,6 +398,19 @@ TEST_F(CubeBox, PictureThatStaysIsTheFrameJustPainted) {
     frame();
     expectcube(seen(), 0, 53);
     EXPECT_GT(ink(seen(), {0, 0, 3}), 8);
+}
+
+// None of them may flash what was there before, be it for a moment.
+TEST_F(CubeBox, EverySwapBringsUpTheFrameJustPainted) {
+    frame();
+    spoilbuffer = true;
+    applyturn(6); // D's yellow comes to place 20
+    swapped.clear();
+    frame();
+    ASSERT_FALSE(swapped.empty());
+    for (const rgb& shown : swapped) {
+        EXPECT_TRUE(near(shown, screencolor('Y'))) << text(shown);
+    }
 }
 
 TEST_F(CubeBox, StackOfMatricesIsEvenAfterAFrame) {
