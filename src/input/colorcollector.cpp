@@ -38,6 +38,7 @@ constinit color_gizmo* gizmo = nullptr;           // null until the first use
 constinit Fl_Multiline_Output* message = nullptr; // the verdict
 constinit int highlighted = -1;                   // place of the highlighted button; -1 for none
 
+// The label too, or it could not be read on some of the thirteen colours.
 void paint(Fl_Button* button, unsigned color) {
     button->color(static_cast<Fl_Color>(color));
     button->labelcolor(whitelabel(color) ? FL_WHITE : FL_BLACK);
@@ -91,6 +92,8 @@ void selectcubie(Fl_Widget*, long place) {
     highlightbutton(currentface);
 }
 
+// Made for 54 letters typed in a row: the selection moves on by itself, and the verdict is there
+// with the last one.
 void color_cb(Fl_Widget*, long face) {
     cubecolors[currentface] = static_cast<unsigned char>(face);
     paintfacelet(currentface);
@@ -107,6 +110,7 @@ void flip_cb(Fl_Widget*, void*) {
     }
 }
 
+// The only way out of the dialog: a cube that cannot be solved stays inside it.
 void closecollector(Fl_Widget*, void*) {
     std::string reason;
     sanecube = finish(reason);
@@ -126,6 +130,7 @@ void resetcube(Fl_Widget*, void*) {
     isvalidcube();
 }
 
+// The letters come first. None of them can be a blank: what is no valid letter is typed as "?".
 void handlekeystroke(int key) {
     const int face = colorofkey(key);
     if (face != -1) {
@@ -160,6 +165,8 @@ Fl_Button* makebutton(const area& at, const char* label) {
     return button;
 }
 
+// The toolkit keeps pointers to labels: butnames and facenames are never moved, and a new letter in
+// facenames is a new label.
 void makebuttons() {
     for (int place = 0; place < placecount; place++) {
         buts[place] = makebutton(faceletarea(place), butnames[static_cast<unsigned>(place)].text);
@@ -204,7 +211,7 @@ void makegizmo() {
     makemessage();
     gizmo->end();
     gizmo->callback(closecollector); // of the window manager's button
-    gizmo->set_modal();
+    gizmo->set_modal();              // turns by hand would change what is being entered
 }
 
 void opengizmo() {

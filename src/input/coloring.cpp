@@ -95,6 +95,8 @@ unsigned rgb(double r, double g, double b) {
     return byte(r) << 24 | byte(g) << 16 | byte(b) << 8;
 }
 
+// The colours of the screen (colors.h) as the toolkit counts them: what a button shows is what the
+// cube will show.
 void setrgbfacecolors() {
     for (int i = 0; i < validcolorcount; i++) {
         const letter_row& row = letter_table[i];

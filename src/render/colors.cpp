@@ -56,6 +56,8 @@ void setfacecolor(int key) {
         return;
     }
     assert(key >= 0 && key < placecount && cubecolors[key] < 6);
+    // Looked up anew each time: thirteen rows cost nothing beside the painting, and a new letter or
+    // a turned cube needs nobody to tell.
     const letter_row* row = findletter(colortable[cubecolors[key]]);
     // Deliberate: NOT-BUGS.md, "A strange colour letter paints with the colour before it"
     if (row != nullptr) {

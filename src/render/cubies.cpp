@@ -7,7 +7,8 @@
 
 namespace {
 
-constexpr auto X = xface; // keep the rows of the table short
+// Keep the rows of the table short.
+constexpr auto X = xface;
 constexpr auto Y = yface;
 constexpr auto Z = zface;
 
@@ -99,6 +100,7 @@ square sticker(const square& s) {
             s.b1 - border};
 }
 
+// The polygon is filled whichever way round it goes; the order of corners is that of the design.
 // Each goes round its square from the lowest corner on. addz starts along y, as addx does.
 void addx(int key, const square& s) {
     const float corners[4][3] = {

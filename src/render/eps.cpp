@@ -42,7 +42,8 @@ constexpr bool facesinorder() {
 
 static_assert(facesinorder());
 
-// Row = colour index. The cube has 0..5; the rest are the colours of the letters K S V D P C X.
+// Texts, since the file is fixed to the letter: ".5" and not "0.500000". Row = colour index: the
+// cube has 0..5; the rest are the colours of the letters K S V D P C X.
 constexpr const char* palette[] = {
     "1 1 1",       //  0
     "0 1 0",       //  1
@@ -74,6 +75,7 @@ point projected(float x, float y, float z) {
             (Mat[4] * x + Mat[5] * y + Mat[6] * z + Mat[7]) / w};
 }
 
+// The decimal point is the C locale's; nobody in the program sets another one for numbers.
 void writepoint(const char* before, const float* corner, const char* after) {
     const point p = projected(corner[0], corner[1], corner[2]);
     std::fprintf(fp, "%s%f %f %s\n", before, static_cast<double>(p.x), static_cast<double>(p.y),
@@ -128,6 +130,7 @@ void cellcorners(int square, float (&corner)[4][3]) {
     }
 }
 
+// The line width counts in the units of the scale: 0.01 of them are 2.33 points.
 void writepicture(std::FILE* file) {
     fp = file;
     facectr = 0;

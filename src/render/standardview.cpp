@@ -42,6 +42,7 @@ matrix tilt(float degrees, float x, float y, float z) {
     };
 }
 
+// A case left out would be told by the compiler.
 matrix matrixof(const view_step& step) {
     matrix m = identity;
     switch (step.move) {
@@ -76,6 +77,7 @@ matrix operator*(const matrix& left, const matrix& right) {
 
 } // namespace
 
+// Five products of which most terms are zero, once a printed picture: nothing to save here.
 void standardview(float m[4][4]) {
     matrix whole = identity;
     for (const view_step& step : viewsteps) {
