@@ -31,6 +31,11 @@ void takequeuedturn() {
     needsredraw = 1;
 }
 
+void waitfortimeout() {
+    Fl::remove_idle(IdleFunc, nullptr);
+    Fl::add_timeout(0.1, timeoutfunc, nullptr);
+}
+
 void quietpass() {
     Fl::wait();
     if (needsredraw != 0) {
@@ -41,17 +46,22 @@ void quietpass() {
         rundemo();
         return;
     }
-    Fl::remove_idle(IdleFunc, nullptr);
-    Fl::add_timeout(0.1, timeoutfunc, nullptr);
+    waitfortimeout();
 }
 
 // The frame of ttime = TURNTIME - 1 applies the turn. It is painted by the delay of the pass after
 // the one that asked for it, but nobody asked for it where a turn starts on its last frame (the
-// first turn at speed 1) or where the speed was changed to just this frame. No turn may be lost.
+// first turn at speed 1) or where the speed was changed to just this frame. And none is painted in
+// a window that is out of sight. No turn may be lost.
 void makesureitlands() {
     if (ttime == TURNTIME - 1 && turnlanded == 0) {
         cube->redraw();
         Fl::flush();
+    }
+    if (ttime == TURNTIME - 1 && turnlanded == 0) {
+        const char* notation = turn_table[turnmode].notation;
+        sparsestring(notation, static_cast<int>(std::strlen(notation)));
+        doparsestring();
     }
 }
 
@@ -90,7 +100,9 @@ bool startspair(char c) {
 
 void IdleFunc(void*) {
     delay();
-    if (turnmode != noturn) {
+    if (cube->visible_r() == 0) {
+        waitfortimeout(); // out of sight: turns and demo go on when it is back
+    } else if (turnmode != noturn) {
         animationpass();
     } else if (turns[turn] != noturn) {
         takequeuedturn(); // its first frame comes with the next pass

@@ -11,6 +11,9 @@
 //          ^  |     <-- 0.1 s, timeoutfunc ---------
 //          |  +-------- a turn queued or started -->  animating
 //          +----------- ttime reaches TURNTIME ------
+//
+// While the view is out of sight (minimised, on another desktop) nothing could be painted, and a
+// turn lands by being painted: then every pass waits, and what goes on stops where it is.
 #pragma once
 
 #include <optional>

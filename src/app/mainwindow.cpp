@@ -151,11 +151,11 @@ void makelegend() {
 
 // The toolkit closes a window on Escape. Closing this one ends the program and the cube with it,
 // so the key alone must not do it; the window manager's button still does.
-void close_cb(Fl_Widget* window, void*) {
+void close_cb(Fl_Widget*, void*) {
     if (Fl::event() == FL_SHORTCUT && Fl::event_key() == FL_Escape) {
         return;
     }
-    window->hide();
+    form->hide(); // as a window; a mere widget would be made invisible and its window kept
 }
 
 } // namespace

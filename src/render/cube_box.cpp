@@ -70,7 +70,10 @@ int cube_box::handle(int event) {
     const int state = Fl::event_state();
     switch (event) {
     case FL_HIDE:
-        // Deliberate: NOT-BUGS.md, "Hiding the view ends the program"
+        if (shown() != 0) {
+            return 0; // out of sight only: minimised, say, or on another desktop
+        }
+        // Deliberate: NOT-BUGS.md, "Closing the window ends the program"
         std::exit(0);
     case FL_FOCUS: return 1;
     case FL_SHORTCUT:

@@ -23,9 +23,11 @@ class cube_box : public Fl_Gl_Window {
     // Paints and shows one frame; then, if it was the last one of a turn, the cube changes.
     void draw() override;
 
-    // FL_HIDE ends the program with status 0. FL_FOCUS is accepted. FL_SHORTCUT goes to
-    // interpretkey if Alt is held, else it is refused. FL_PUSH of any button goes to b_cb if it
-    // hits one of the regions of clickturn, and is accepted anywhere. All else is refused.
+    // FL_HIDE ends the program with status 0 once the view's window is gone; while there is one, it
+    // has only been taken out of sight by the window manager, and is refused. FL_FOCUS is accepted.
+    // FL_SHORTCUT goes to interpretkey if Alt is held, else it is refused. FL_PUSH of any button
+    // goes to b_cb if it hits one of the regions of clickturn, and is accepted anywhere. All else
+    // is refused.
     int handle(int event) override;
 };
 

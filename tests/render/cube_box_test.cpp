@@ -86,6 +86,7 @@ TEST_F(CubeBoxEvents, FocusIsAccepted) {
     EXPECT_EQ(view.handle(FL_FOCUS), 1);
 }
 
+// For the other half, a view whose window is there, see CubeBox.OutOfSightIsNoEnd.
 TEST_F(CubeBoxEvents, HidingEndsTheProgram) {
     EXPECT_EXIT(view.handle(FL_HIDE), testing::ExitedWithCode(0), "");
 }
@@ -298,6 +299,11 @@ TEST_F(CubeBox, All54StickersShowTheModelOfFiftyCubes) {
         frame();
         expectcube(seen(), 0, 53);
     }
+}
+
+TEST_F(CubeBox, OutOfSightIsNoEnd) {
+    EXPECT_EQ(view->handle(FL_HIDE), 0);
+    EXPECT_NE(view->shown(), 0);
 }
 
 TEST_F(CubeBox, BackgroundIsMidGrey) {

@@ -125,9 +125,3 @@ TEST_F(PictureUnderManager, KeepsItsSize) {
     EXPECT_EQ(r.h, windowheight);
     EXPECT_TRUE(showsmodel());
 }
-
-TEST_F(PictureUnderManager, TheCloseButtonEndsTheProgram) {
-    ASSERT_TRUE(showsmodel());
-    screen.close(vexel.window());
-    EXPECT_EQ(vexel.child().waitexit(30), std::optional<int>(0));
-}

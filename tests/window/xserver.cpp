@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
 #include <poll.h>
@@ -161,21 +162,31 @@ void xserver::startserver(const xserver_settings& settings) {
 }
 
 void xserver::startmanager() {
+    const char* other = std::getenv("VEXEL_MANAGER");
+    const std::string command = other != nullptr ? other : "openbox --sm-disable";
     home = std::make_unique<scratchfolder>();
-    process_settings openbox;
-    openbox.command = {"openbox", "--sm-disable"};
-    openbox.environment = {
+    process_settings settings;
+    settings.command = {"sh", "-c", "exec " + command};
+    settings.environment = {
         {"DISPLAY",         display_name},
         {"HOME",            home->path()},
         {"XDG_CONFIG_HOME", ""          }
     };
-    manager = std::make_unique<process>(openbox);
+    manager = std::make_unique<process>(settings);
     const bool up = waitfor(patience, [this] {
         return !property(DefaultRootWindow(connection), "_NET_SUPPORTING_WM_CHECK").empty();
     });
     if (!up) {
-        throw std::runtime_error("openbox does not start; is it installed?");
+        throw std::runtime_error("the window manager does not start: " + command);
     }
+}
+
+void xserver::endmanager() {
+    manager.reset();
+    // Some leave it behind.
+    XDeleteProperty(connection, DefaultRootWindow(connection),
+                    XInternAtom(connection, "_NET_SUPPORTING_WM_CHECK", 0));
+    XSync(connection, 0);
 }
 
 std::vector<windowid> xserver::windows() const {
@@ -241,17 +252,41 @@ bool xserver::visible(windowid window) const {
            attributes.map_state == IsViewable;
 }
 
+void xserver::askmanager(windowid window, const char* what, long first, long second) const {
+    XEvent event = {};
+    event.xclient.type = ClientMessage;
+    event.xclient.window = window;
+    event.xclient.message_type = XInternAtom(connection, what, 0);
+    event.xclient.format = 32;
+    event.xclient.data.l[0] = first;
+    event.xclient.data.l[1] = second;
+    XSendEvent(connection, DefaultRootWindow(connection), 0,
+               SubstructureNotifyMask | SubstructureRedirectMask, &event);
+    XSync(connection, 0);
+}
+
+void xserver::minimise(windowid window) const {
+    XIconifyWindow(connection, window, DefaultScreen(connection));
+    XSync(connection, 0);
+}
+
+void xserver::rollup(windowid window, bool up) const {
+    const auto shaded = static_cast<long>(XInternAtom(connection, "_NET_WM_STATE_SHADED", 0));
+    askmanager(window, "_NET_WM_STATE", up ? 1 : 0, shaded);
+}
+
+void xserver::activate(windowid window) const {
+    askmanager(window, "_NET_ACTIVE_WINDOW", 2); // as a pager asks
+}
+
+void xserver::godesktop(int number) const {
+    askmanager(DefaultRootWindow(connection), "_NET_CURRENT_DESKTOP", number);
+}
+
 // A window manager would take its own idea of the focus back, so it is asked for the favour.
 void xserver::focus(windowid window) const {
     if (managed()) {
-        XEvent event = {};
-        event.xclient.type = ClientMessage;
-        event.xclient.window = window;
-        event.xclient.message_type = XInternAtom(connection, "_NET_ACTIVE_WINDOW", 0);
-        event.xclient.format = 32;
-        event.xclient.data.l[0] = 2; // as a pager asks
-        XSendEvent(connection, DefaultRootWindow(connection), 0,
-                   SubstructureNotifyMask | SubstructureRedirectMask, &event);
+        activate(window);
     } else {
         XSetInputFocus(connection, window, RevertToParent, CurrentTime);
     }

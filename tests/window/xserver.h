@@ -46,6 +46,11 @@ class xserver {
 
     bool managed() const { return manager != nullptr; } // whether a window manager runs
 
+    // Starts openbox, or what the environment variable VEXEL_MANAGER holds: a command by which any
+    // test can be tried under another window manager.
+    void startmanager();
+    void endmanager();
+
     // Windows
 
     // The visible windows that programs opened for themselves, bottom first; no menus, no tooltips.
@@ -63,6 +68,12 @@ class xserver {
     void focus(windowid window) const; // gives it the keyboard
     void close(windowid window) const; // asks it to close, as the button in its frame does
     void resize(windowid window, int w, int h) const;
+
+    // What a person has the window manager do. Each is only asked for: wait for visible().
+    void minimise(windowid window) const;
+    void rollup(windowid window, bool up) const; // leaves only the title bar
+    void activate(windowid window) const;        // brings it back and gives it the keyboard
+    void godesktop(int number) const;            // shows desktop 0.. of several
 
     // A plain window of the test's own on top of everything; uncover() takes it away again.
     windowid cover(rectangle r) const;
@@ -93,7 +104,7 @@ class xserver {
 
   private:
     void startserver(const xserver_settings& settings);
-    void startmanager();
+    void askmanager(windowid window, const char* what, long first, long second = 0) const;
     bool answerselection(const std::string& text) const;
 
     std::unique_ptr<process> server;
