@@ -6,8 +6,8 @@
 
 #include <string>
 
-// A letter takes one mark with it: the 2 of "R'2" is dropped like any other character. The line is
-// read to the "]" before anything is written, so that a failure changes nothing.
+// A mark is dropped like all that is no letter once its letter has looked at it, and so is the 2 of
+// "R'2". The line is read to the "]" before anything is written, so that a failure changes nothing.
 int parsesingmaster() {
     const char* c = macroline();
     std::string plain;
@@ -18,9 +18,6 @@ int parsesingmaster() {
         plain += c[1] == '\'' ? flipcase(*c) : *c;
         if (c[1] == '2') {
             plain += *c;
-        }
-        if (c[1] == '\'' || c[1] == '2') {
-            c++;
         }
     }
     if (*c != ']') {

@@ -1,19 +1,15 @@
 // SPDX-License-Identifier: MIT
-#include "model/cube.h"
+#include "model/modeltest.h"
 #include "model/slowcube.h"
 
 #include <algorithm>
 #include <cctype>
 #include <cstdlib>
-#include <gtest/gtest.h>
 #include <numeric>
 
 namespace {
 
-class Cube : public testing::Test {
-  protected:
-    void SetUp() override { initcubies(); }
-};
+class Cube : public ModelTest {};
 
 // A cube on which every place of every array tells itself apart.
 void numberplaces() {

@@ -51,4 +51,8 @@ class ModelTest : public testing::Test {
     }
 
     static codes held() { return {undobuf, undobuf + undoptr}; }
+
+    static codes colors() { return {cubecolors, cubecolors + placecount}; }
+
+    static codes places() { return {cubefaces, cubefaces + placecount}; }
 };

@@ -120,12 +120,12 @@ TEST_F(Parser, DirectModeTurnsTheCubeAndKeepsTheCodes) {
     apply("R2(FU)*U>L");
     const codes landed = {6, 8, 0, 8, 0, 16, 19};
     EXPECT_EQ(landed, held());
-    const std::vector<unsigned char> turned(cubefaces, cubefaces + placecount);
+    const codes turned = places();
     initcubies();
     for (int code : landed) {
         applyturn(code);
     }
-    EXPECT_EQ(turned, std::vector<unsigned char>(cubefaces, cubefaces + placecount));
+    EXPECT_EQ(turned, places());
 }
 
 TEST_F(Parser, AReversalTakesTheMacroBack) {
@@ -374,10 +374,10 @@ TEST_F(Parser, TheOrderOfAMacroLeavesItsColoursAlone) {
     initundo();
     parsing = 1;
     needsredraw = 0;
-    const std::vector<unsigned char> before(cubecolors, cubecolors + placecount);
+    const codes before = colors();
     EXPECT_EQ(105, calcorder("RU"));
     EXPECT_EQ(105, macorder);
-    EXPECT_EQ(before, std::vector<unsigned char>(cubecolors, cubecolors + placecount));
+    EXPECT_EQ(before, colors());
     EXPECT_EQ(messages{"inform: order = 105"}, shell.messages);
     EXPECT_EQ(1, shell.linechanges);
     EXPECT_EQ(1, needsredraw);
@@ -387,14 +387,14 @@ TEST_F(Parser, TheOrderOfAMacroLeavesItsColoursAlone) {
 // A turn that lands while the message is up lands on the cube that is shown, and stays.
 TEST_F(Parser, AnOrderIsToldOfTheCubeThatIsThereAgain) {
     apply("LF");
-    const codes before(cubecolors, cubecolors + placecount);
+    const codes before = colors();
     applyturn(6);
-    const codes after(cubecolors, cubecolors + placecount);
+    const codes after = colors();
     applyturn(7);
     parsing = 1;
     codes seen;
     shell.whilemessage = [&seen] {
-        seen.assign(cubecolors, cubecolors + placecount);
+        seen = colors();
         EXPECT_EQ(1, needsredraw);
         EXPECT_EQ(1, parsing);
         land("R");
@@ -403,7 +403,7 @@ TEST_F(Parser, AnOrderIsToldOfTheCubeThatIsThereAgain) {
     EXPECT_EQ(105, calcorder("RU"));
     EXPECT_EQ(messages{"inform: order = 105"}, shell.messages);
     EXPECT_EQ(before, seen);
-    EXPECT_EQ(after, codes(cubecolors, cubecolors + placecount));
+    EXPECT_EQ(after, colors());
     EXPECT_EQ(6, undobuf[undoptr - 1]);
 }
 

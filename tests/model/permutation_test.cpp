@@ -336,14 +336,14 @@ TEST_F(Permutation, CyclesSayWhereCubiesHaveGone) {
 TEST_F(Permutation, AnInvalidColouringStaysNormalised) {
     apply(">U");
     flip(0);
-    const std::vector<unsigned char> before(cubecolors, cubecolors + placecount);
+    const codes before = colors();
     EXPECT_EQ("alert: Invalid cube coloring", report());
     for (int centre = 4; centre < placecount; centre += 9) {
         EXPECT_EQ(centre / 9, cubecolors[centre]);
     }
-    EXPECT_NE(before, std::vector<unsigned char>(cubecolors, cubecolors + placecount));
+    EXPECT_NE(before, colors());
     unmuckcube();
-    EXPECT_EQ(before, std::vector<unsigned char>(cubecolors, cubecolors + placecount));
+    EXPECT_EQ(before, colors());
 }
 
 TEST_F(Permutation, CentresOfOneColourAreSurvived) {

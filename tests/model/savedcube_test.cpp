@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "model/modeltest.h"
 
-#include <algorithm>
-#include <cstring>
-
 namespace {
 
 class SavedCube : public ModelTest {};
@@ -13,14 +10,13 @@ TEST_F(SavedCube, SavingAndRestoringAlternate) {
     savecube();
     EXPECT_EQ(1, issavedcube);
     EXPECT_EQ("Restore Cube", shell.savebutton);
-    EXPECT_TRUE(std::equal(cubecolors, cubecolors + placecount, savecubedata));
-    unsigned char after_u[placecount];
-    memcpy(after_u, cubecolors, sizeof after_u);
+    EXPECT_EQ(colors(), codes(savecubedata, savecubedata + placecount));
+    const codes after_u = colors();
     land("F");
     savecube();
     EXPECT_EQ(0, issavedcube);
     EXPECT_EQ("Save Cube", shell.savebutton);
-    EXPECT_TRUE(std::equal(cubecolors, cubecolors + placecount, after_u));
+    EXPECT_EQ(after_u, colors());
     savecube();
     EXPECT_EQ(1, issavedcube);
 }
@@ -29,11 +25,10 @@ TEST_F(SavedCube, RestoringBringsBackTheColoursOnly) {
     savecube();
     land("U");
     land("F");
-    unsigned char places[placecount];
-    memcpy(places, cubefaces, sizeof places);
+    const codes before = places();
     savecube();
     EXPECT_EQ(1, solved());
-    EXPECT_TRUE(std::equal(cubefaces, cubefaces + placecount, places));
+    EXPECT_EQ(before, places());
     EXPECT_EQ(2, undoptr);
 }
 

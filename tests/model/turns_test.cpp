@@ -1,24 +1,15 @@
 // SPDX-License-Identifier: MIT
-#include "model/cube.h"
+#include "model/modeltest.h"
 #include "model/slowcube.h"
-#include "model/turns.h"
 
 #include <cctype>
-#include <gtest/gtest.h>
 
 namespace {
 
-// Taken before main, and so before any test or init function could set them.
-const struct {
-    int turns, turn, turnptr, turnmode, ttime, TURNTIME, needsredraw, turnlanded;
-} atstart = {::turns[0], ::turn,     ::turnptr,     ::turnmode,
-             ::ttime,    ::TURNTIME, ::needsredraw, ::turnlanded};
-
-class Turns : public testing::Test {
+class Turns : public ModelTest {
   protected:
     void SetUp() override {
-        initturns();
-        initcubies();
+        ModelTest::SetUp();
         moveface(3); // so that a turn of the whole cube shows in the colours too
         moveslice(0);
     }
@@ -87,12 +78,6 @@ TEST_F(Turns, OtherCodesDoNothing) {
 
 // The queue
 
-TEST_F(Turns, TheQueueStartsEmpty) {
-    EXPECT_EQ(noturn, atstart.turns);
-    EXPECT_EQ(0, atstart.turn);
-    EXPECT_EQ(0, atstart.turnptr);
-}
-
 TEST_F(Turns, QueuedTurnsAreEndedByTheMark) {
     EXPECT_EQ(1, queueturn(6));
     EXPECT_EQ(1, queueturn(23));
@@ -147,33 +132,6 @@ TEST_F(Turns, AStartedTurnHasNotLandedAndInheritsTheFrame) {
     EXPECT_EQ(42, ttime);
     startturn(noturn);
     EXPECT_EQ(noturn, turnmode);
-}
-
-TEST_F(Turns, AQuietProgramStartsReadyToDraw) {
-    EXPECT_EQ(noturn, atstart.turnmode);
-    EXPECT_EQ(0, atstart.ttime);
-    EXPECT_EQ(120, atstart.TURNTIME);
-    EXPECT_EQ(1, atstart.needsredraw);
-    EXPECT_EQ(0, atstart.turnlanded);
-}
-
-TEST_F(Turns, InitialisingTakesEverythingBack) {
-    queueturn(3);
-    turn = 1;
-    startturn(9);
-    ttime = 17;
-    TURNTIME = 5;
-    needsredraw = 0;
-    turnlanded = 1;
-    initturns();
-    EXPECT_EQ(atstart.turns, turns[0]);
-    EXPECT_EQ(atstart.turn, turn);
-    EXPECT_EQ(atstart.turnptr, turnptr);
-    EXPECT_EQ(atstart.turnmode, turnmode);
-    EXPECT_EQ(atstart.ttime, ttime);
-    EXPECT_EQ(atstart.TURNTIME, TURNTIME);
-    EXPECT_EQ(atstart.needsredraw, needsredraw);
-    EXPECT_EQ(atstart.turnlanded, turnlanded);
 }
 
 } // namespace

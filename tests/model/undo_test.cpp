@@ -62,12 +62,12 @@ TEST_F(Undo, EveryCodeIsTakenBackByItsInverse) {
         initcubies();
         moveface(3);
         moveslice(1);
-        std::vector<unsigned char> before(cubefaces, cubefaces + placecount);
+        const codes before = places();
         apply(turn_table[code].notation);
         undo();
         EXPECT_EQ(inversemove[code], turnmode);
         land();
-        EXPECT_EQ(before, std::vector<unsigned char>(cubefaces, cubefaces + placecount)) << code;
+        EXPECT_EQ(before, places()) << code;
         EXPECT_EQ(0, undoptr);
     }
 }
