@@ -3,6 +3,7 @@
 
 #include "app/demomacro.h"
 #include "app/driver.h"
+#include "app/macroline.h"
 #include "app/mainwindow.h"
 #include "app/messages.h"
 #include "app/ownrandom.h"
@@ -28,8 +29,16 @@ void labeldemobutton(const char* text) {
     demo->redraw_label();
 }
 
+std::string madeupmacro() {
+    const ownrandom numbers;
+    displayorder = 0; // each macro that is tried has its order reckoned, and told
+    std::string macro = makeupmacro();
+    displayorder = 1;
+    return macro;
+}
+
 // Writes the macro of a new demo into s.
-void choosemacro(char (&s)[demomacrosize]) {
+void takemacro(char (&s)[demomacrosize]) {
     // A turn that is still under way would land on the reset cube, and the demo would never come
     // back to a solved one.
     finishturn();
@@ -37,11 +46,7 @@ void choosemacro(char (&s)[demomacrosize]) {
     // Deliberate: NOT-BUGS.md, "A demo leaves its macro in the line"
     std::string macro = macroline();
     if (macro.empty()) {
-        displayorder = 0; // each macro that is tried has its order reckoned, and told
-        ownrandom();
-        macro = makeupmacro();
-        otherrandom();
-        displayorder = 1;
+        macro = madeupmacro();
     }
     s[macro.copy(s, static_cast<unsigned>(demolength(macro)))] = '\0';
 }
@@ -63,15 +68,13 @@ void toggledemo() {
 void rundemo() {
     static char s[demomacrosize] = "";
     if (demorunning == 0) {
-        choosemacro(s);
+        takemacro(s);
         demorunning = 1;
     }
     setmacroline(s);
     loadout(s);
-    parsing = 1;
     // Deliberate: NOT-BUGS.md, "The Singmaster form is converted by the check alone"
-    parsestring(s, static_cast<int>(std::strlen(s)));
-    parsing = 0;
+    parsemacro(s, static_cast<int>(std::strlen(s)), queued, false);
 }
 
 void stopdemo() {

@@ -3,6 +3,7 @@
 
 #include "app/demo.h"
 #include "app/driver.h"
+#include "app/macroline.h"
 #include "app/mainwindow.h"
 #include "app/menu.h"
 #include "app/messages.h"
@@ -12,7 +13,6 @@
 #include "macros/macrofile.h"
 #include "macros/preferences.h"
 #include "model/cube.h"
-#include "model/notation.h"
 #include "model/parser.h"
 #include "model/permutation.h"
 #include "model/recording.h"
@@ -26,24 +26,19 @@
 #include <FL/Fl.H>
 
 #include <cstdlib>
-#include <string>
 
 constinit int solvingcube = 0;
 constinit int tryhard = 0;
 
 namespace {
 
-constexpr int manyturns = 200; // a longer macro is played only after a question
-
 void resetcube() {
     initcubies();
     initundo();
-    recordstop();
 }
 
 void order() {
     calcorder(macroline());
-    recordstop();
 }
 
 void undoturn() {
@@ -59,26 +54,14 @@ void quit() {
     std::exit(0);
 }
 
-void apply() {
-    applymacro();
-    recordstop();
-}
-
-void define() {
-    definemacro();
-    recordstop();
-}
-
 void askspeed() {
     setspeed();
     writeprefs(); // Deliberate: NOT-BUGS.md, "A cancelled speed is stored"
 }
 
 void jumble() {
-    ownrandom();
+    const ownrandom numbers;
     jumblecube();
-    otherrandom();
-    recordstop();
 }
 
 void togglerear() {
@@ -116,7 +99,6 @@ void verylongsolve() {
 
 void inputcube() {
     loadcube();
-    recordstop();
     needsredraw = 1;
 }
 
@@ -127,44 +109,60 @@ void showgizmo() {
 // What a command does while the demo runs: its work, or nothing but end the demo.
 enum demo_guard { runs, endsdemo };
 
+// Whether a recording goes on after its work.
+enum recording_end { records, endsrecord };
+
 struct command_row {
     long number;
     demo_guard guard;
+    recording_end record;
     void (*action)();
 };
 
-// A number without a row is free.
+// A number without a row is free. Start Demo and Solve Cube end a recording themselves: not when
+// the one stops a demo, nor when the other finds itself at work.
 // Deliberate: NOT-BUGS.md, "Fewer commands end a demo than one would think"
 constexpr command_row command_table[] = {
-    {100, endsdemo, resetcube         }, // Reset Cube
-    {101, endsdemo, order             }, // Macro Order
-    {102, endsdemo, undoturn          }, // Undo
-    {104, endsdemo, define            }, // Define Macro
-    {105, runs,     quit              }, // Quit
-    {106, endsdemo, apply             }, // Apply Macro
-    {107, endsdemo, askspeed          }, // Set Cube Speed
-    {108, runs,     solve             }, // Solve Cube
-    {109, runs,     setcubecolors     }, // Set Cube Colors
-    {111, runs,     toggledemo        }, // Start Demo, Stop Demo
-    {112, endsdemo, jumble            }, // Jumble Cube
-    {113, runs,     togglerear        }, // Show Rear Cube
-    {114, runs,     inputcube         }, // Input Cube
-    {115, runs,     deletedefinedmacro}, // Delete Macro
-    {116, runs,     togglerecording   }, // Record On, Record Off
-    {117, runs,     savecube          }, // Save Cube, Restore Cube
-    {118, runs,     snarfmacros       }, // Load Macro File
-    {119, runs,     about             }, // About Vexel
-    {120, runs,     longsolve         }, // Long Solve
-    {121, runs,     verylongsolve     }, // Very Long Solve
-    {122, runs,     deleteallmacros   }, // Delete All Macros
-    {123, runs,     dumpcubeperm      }, // Display Permutation
-    {124, runs,     showgizmo         }, // Show Macro Gizmo
-    {125, runs,     addmactogizmo     }, // Add Macro to Gizmo
-    {126, runs,     deletemacfromgizmo}, // Delete Macro from Gizmo
-    {127, runs,     clearmacrogizmo   }, // Clear Macro Gizmo
-    {128, runs,     dumpmacfile       }, // Dump Macro File
-    {129, runs,     printeps          }, // Print EPS File
+    {100, endsdemo, endsrecord, resetcube         }, // Reset Cube
+    {101, endsdemo, endsrecord, order             }, // Macro Order
+    {102, endsdemo, records,    undoturn          }, // Undo
+    {104, endsdemo, endsrecord, definemacro       }, // Define Macro
+    {105, runs,     records,    quit              }, // Quit
+    {106, endsdemo, endsrecord, applymacro        }, // Apply Macro
+    {107, endsdemo, records,    askspeed          }, // Set Cube Speed
+    {108, runs,     records,    solve             }, // Solve Cube
+    {109, runs,     records,    setcubecolors     }, // Set Cube Colors
+    {111, runs,     records,    toggledemo        }, // Start Demo, Stop Demo
+    {112, endsdemo, endsrecord, jumble            }, // Jumble Cube
+    {113, runs,     records,    togglerear        }, // Show Rear Cube
+    {114, runs,     endsrecord, inputcube         }, // Input Cube
+    {115, runs,     records,    deletedefinedmacro}, // Delete Macro
+    {116, runs,     records,    togglerecording   }, // Record On, Record Off
+    {117, runs,     records,    savecube          }, // Save Cube, Restore Cube
+    {118, runs,     records,    snarfmacros       }, // Load Macro File
+    {119, runs,     records,    about             }, // About Vexel
+    {120, runs,     records,    longsolve         }, // Long Solve
+    {121, runs,     records,    verylongsolve     }, // Very Long Solve
+    {122, runs,     records,    deleteallmacros   }, // Delete All Macros
+    {123, runs,     records,    dumpcubeperm      }, // Display Permutation
+    {124, runs,     records,    showgizmo         }, // Show Macro Gizmo
+    {125, runs,     records,    addmactogizmo     }, // Add Macro to Gizmo
+    {126, runs,     records,    deletemacfromgizmo}, // Delete Macro from Gizmo
+    {127, runs,     records,    clearmacrogizmo   }, // Clear Macro Gizmo
+    {128, runs,     records,    dumpmacfile       }, // Dump Macro File
+    {129, runs,     records,    printeps          }, // Print EPS File
 };
+
+void runcommand(const command_row& row) {
+    if (row.guard == endsdemo && demomode != 0) {
+        stopdemo();
+        return;
+    }
+    row.action();
+    if (row.record == endsrecord) {
+        recordstop();
+    }
+}
 
 } // namespace
 
@@ -182,11 +180,7 @@ void b_cb(Fl_Widget*, long cmd) {
     }
     for (const command_row& row : command_table) {
         if (row.number == cmd) {
-            if (row.guard == endsdemo && demomode != 0) {
-                stopdemo();
-            } else {
-                row.action();
-            }
+            runcommand(row);
             return;
         }
     }
@@ -203,26 +197,4 @@ void interpretkey(int key) {
             b_cb(nullptr, 2 * i);
         }
     }
-}
-
-void inp_cb(Fl_Widget*, long) {
-    needsredraw = 1;
-    recordstop();
-    const std::optional<std::string> macro = checkedmacro();
-    if (!macro) {
-        return;
-    }
-    const int length = static_cast<int>(macro->size());
-    const int steps = maclen(macro->c_str(), length);
-    const std::string question = "Really?  Macro has " + std::to_string(steps) + " steps.";
-    if (steps > manyturns && !askyesno(question.c_str())) {
-        return;
-    }
-    parsing = 1;
-    if (Fl::event_state(FL_SHIFT) != 0) {
-        revparsestring(macro->c_str(), length);
-    } else {
-        parsestring(macro->c_str(), length);
-    }
-    parsing = 0;
 }

@@ -11,11 +11,5 @@
 
 #include "shell.h"
 
-class Fl_Widget;
-
 extern int solvingcube; // 1 while the solver runs, so that it does not start twice; initially 0
 extern int tryhard;     // 0, 1 or 2: how much longer than usual to search; initially 0
-
-// Enter in the macro line: checks the macro, asks before more than 200 turns, queues it; backwards
-// while Shift is held.
-void inp_cb(Fl_Widget* w, long);

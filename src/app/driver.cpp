@@ -3,24 +3,23 @@
 
 #include "app/demo.h"
 #include "app/mainwindow.h"
-#include "app/messages.h"
-#include "app/my_input.h"
-#include "model/notation.h"
 #include "model/parser.h"
 #include "model/turns.h"
 #include "render/cube_box.h"
 #include "render/view.h"
 #include "shell.h"
-#include "solver/cubecheck.h"
 
 #include <FL/Fl.H>
 
 #include <cstdlib>
 #include <cstring>
-
-constinit int singlestepptr = 0;
+#include <string>
 
 namespace {
+
+// State
+
+constinit bool resting = false; // the driver was at work when it was told to rest
 
 void takequeuedturn() {
     startturn(turns[turn]);
@@ -87,15 +86,6 @@ void animationpass() {
     needsredraw = 1;
 }
 
-void showstep() {
-    inp->position(singlestepptr, singlestepptr);
-    inp->redraw();
-}
-
-bool startspair(char c) {
-    return c == '>' || c == '*';
-}
-
 } // namespace
 
 void IdleFunc(void*) {
@@ -113,6 +103,22 @@ void IdleFunc(void*) {
 
 void timeoutfunc(void*) {
     Fl::add_idle(IdleFunc, nullptr);
+}
+
+void restdriver() {
+    resting = Fl::has_idle(IdleFunc, nullptr) != 0 || Fl::has_timeout(timeoutfunc, nullptr) != 0;
+    Fl::remove_idle(IdleFunc, nullptr);
+    Fl::remove_timeout(timeoutfunc, nullptr);
+    if (resting && needsredraw != 0) {
+        cube->redraw(); // what the command has done shows behind the box
+    }
+}
+
+void wakedriver() {
+    if (resting && Fl::has_idle(IdleFunc, nullptr) == 0) {
+        Fl::add_idle(IdleFunc, nullptr);
+    }
+    resting = false;
 }
 
 void finishturn() {
@@ -140,71 +146,5 @@ void setspeed() {
     }
     if (ttime >= TURNTIME) {
         ttime = TURNTIME - 2;
-    }
-}
-
-void singlestepmacro() {
-    const char* text = inp->value();
-    const int length = static_cast<int>(std::strlen(text));
-    if (singlestepptr >= length) {
-        singlestepptr = 0;
-    }
-    const char* token = text + singlestepptr;
-    int tokenlength = length == 0 ? 0 : 1;
-    if (startspair(*token) && singlestepptr + 1 < length) {
-        tokenlength = 2;
-    }
-    singlestepptr += tokenlength;
-    parsing = 1;
-    parsestring(token, tokenlength);
-    parsing = 0;
-    showstep();
-}
-
-void revsinglestepmacro() {
-    const char* text = inp->value();
-    const int length = static_cast<int>(std::strlen(text));
-    if (singlestepptr > length) {
-        singlestepptr = length; // the text was shortened since the last step
-    }
-    if (singlestepptr == 0) {
-        return;
-    }
-    parsing = 1;
-    if (singlestepptr > 1 && startspair(text[singlestepptr - 2])) {
-        singlestepptr -= 2;
-        revparsestring(text + singlestepptr, 2);
-        // Deliberate: NOT-BUGS.md, "A step back over a slice leaves the parser queueing"
-    } else {
-        --singlestepptr;
-        revparsestring(text + singlestepptr, 1);
-        parsing = 0;
-    }
-    showstep();
-}
-
-std::optional<std::string> checkedmacro() {
-    const std::string text = inp->value();
-    if (sanitycheckmacro(text.c_str(), static_cast<int>(text.size())) == 0) {
-        // Deliberate: NOT-BUGS.md, "A message that belongs to something else"
-        const char* reason = geterrorstring();
-        showalert(("Macro screwed up:\n" + std::string(reason == nullptr ? "" : reason)).c_str());
-        return std::nullopt;
-    }
-    return inp->value(); // the check converts a Singmaster form in place
-}
-
-void applymacro() {
-    const std::optional<std::string> macro = checkedmacro();
-    if (!macro) {
-        return;
-    }
-    const int length = static_cast<int>(macro->size());
-    inp->set_changed();
-    parsing = 0;
-    if (Fl::event_state(FL_SHIFT) != 0) {
-        revparsestring(macro->c_str(), length);
-    } else {
-        parsestring(macro->c_str(), length);
     }
 }

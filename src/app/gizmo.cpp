@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "app/gizmo.h"
 
+#include "app/label.h"
 #include "app/macrochoice.h"
 #include "app/mainwindow.h"
+#include "app/userdata.h"
 #include "macros/library.h"
 #include "shell.h"
 
 #include <FL/Fl_Box.H>
 #include <FL/Fl_Button.H>
 #include <FL/Fl_Window.H>
-
-#include <cstdint>
 
 constinit Fl_Window* macrowindow = nullptr;
 
@@ -22,10 +22,6 @@ constexpr int nomacro = -1;
 // State
 
 Fl_Button* buttons[buttoncount] = {}; // top to bottom; null until the panel is made
-
-void* userdata(int macro) {
-    return reinterpret_cast<void*>(static_cast<std::intptr_t>(macro));
-}
 
 // Long names are cut at the button's edges; the toolkit would write over the neighbours.
 void makepanel(int x, int y) {

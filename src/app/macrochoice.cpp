@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "app/macrochoice.h"
 
+#include "app/label.h"
 #include "app/mainwindow.h"
+#include "app/userdata.h"
 #include "model/recording.h"
 #include "model/turns.h"
 #include "shell.h"
@@ -9,7 +11,6 @@
 #include <FL/Fl_Choice.H>
 
 #include <algorithm>
-#include <cstdint>
 
 Fl_Menu_Item choices[maxmacros + 1] = {};
 
@@ -22,8 +23,7 @@ std::string labels[maxmacros]; // as labels: what the entries' texts point to
 
 // A record of its own, not one the toolkit adds: added texts have "/", "_" and "\\" read as marks.
 Fl_Menu_Item entry(const char* text, int number) {
-    void* data = reinterpret_cast<void*>(static_cast<std::intptr_t>(number));
-    return {text, 0, nullptr, data, 0, 0, 0, 0, 0};
+    return {text, 0, nullptr, userdata(number), 0, 0, 0, 0, 0};
 }
 
 // What the list and the panel have in common.
@@ -34,14 +34,6 @@ void applychosen(int macro) {
 }
 
 } // namespace
-
-std::string plainlabel(const std::string& name) {
-    std::string label;
-    for (const char c : name) {
-        label.append(c == '@' || c == '&' ? 2 : 1, c);
-    }
-    return label;
-}
 
 void showmacros() {
     const int count = std::max(maccount, 1); // row 0 of an empty table holds empty texts
@@ -79,7 +71,7 @@ void choice_cb(Fl_Widget*, void*) {
 }
 
 void choice_cbx(Fl_Widget*, void* data) {
-    const int macro = static_cast<int>(reinterpret_cast<std::intptr_t>(data));
+    const int macro = static_cast<int>(numberof(data));
     applychosen(macro);
     choosemacro(macro);
 }

@@ -11,17 +11,11 @@
 
 #include <FL/Fl_Menu_Item.H>
 
-#include <string>
-
 class Fl_Widget;
 
 // The entries: item i shows the name of macro i, its user data is i, and an item without a text
 // ends the list. An empty table is shown as one entry with the empty text.
 extern Fl_Menu_Item choices[maxmacros + 1];
-
-// The text that a label or a menu entry must have to show name letter for letter: to the toolkit
-// "@" begins a symbol and "&" underlines a letter and makes it a key.
-[[nodiscard]] std::string plainlabel(const std::string& name);
 
 // Callback of the list: ends a recording and applies the macro that was chosen.
 void choice_cb(Fl_Widget* w, void*);

@@ -2,6 +2,7 @@
 #include "app/mainwindow.h"
 
 #include "app/dispatch.h"
+#include "app/macroline.h"
 #include "app/menu.h"
 #include "app/my_input.h"
 #include "macros/library.h"

@@ -2,16 +2,13 @@
 #include "app/menu.h"
 
 #include "app/dispatch.h"
+#include "app/userdata.h"
 #include "render/animation.h"
 
 #include <FL/Fl.H>
 #include <FL/Fl_Menu_Item.H>
 
 namespace {
-
-void* userdata(long cmd) {
-    return reinterpret_cast<void*>(cmd); // the toolkit carries a number in a pointer
-}
 
 Fl_Menu_Item title(const char* text) {
     return {text, 0, nullptr, nullptr, FL_SUBMENU, 0, 0, 0, 0};
@@ -83,7 +80,7 @@ Fl_Menu_Item menutable[menusize] = {
 // clang-format on
 
 void menucallback(Fl_Widget*, void* data) {
-    b_cb(nullptr, reinterpret_cast<long>(data));
+    b_cb(nullptr, numberof(data));
     setmark(113, showrear != 0);
     settryhardmenu();
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/my_input.h"
 
-#include "app/driver.h"
+#include "app/macroline.h"
 #include "model/notation.h"
 #include "model/turns.h"
 #include "shell.h"

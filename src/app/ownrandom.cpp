@@ -16,13 +16,13 @@ void partrandom() {
     ownstate = initstate(1, otherstate, sizeof otherstate);
 }
 
-void ownrandom() {
+ownrandom::ownrandom() {
     if (ownstate != nullptr) {
         setstate(ownstate);
     }
 }
 
-void otherrandom() {
+ownrandom::~ownrandom() {
     if (ownstate != nullptr) {
         setstate(otherstate);
     }

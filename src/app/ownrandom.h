@@ -8,12 +8,18 @@
 //           of their own neither moves the other's.
 // State     the libraries' stream; private.
 // Callers   main; the commands that draw (Jumble Cube, Start Demo).
-// Order     partrandom before anything is drawn; without it the other two do nothing, as in tests
+// Order     partrandom before anything is drawn; without it ownrandom does nothing, as in tests
 //           that seed the generator themselves.
 #pragma once
 
 void partrandom(); // gives the libraries a stream of their own, from now on
 
-// Around each piece of work that calls rand() for the program. They do not nest.
-void ownrandom();   // the program's stream is drawn from
-void otherrandom(); // and the libraries' again
+// Around each piece of work that calls rand() for the program: while it lives the program's stream
+// is drawn from, afterwards the libraries' again. They do not nest.
+class ownrandom {
+  public:
+    ownrandom();
+    ~ownrandom();
+    ownrandom(const ownrandom&) = delete;
+    ownrandom& operator=(const ownrandom&) = delete;
+};

@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/driver.h"
 #include "app/mainwindow.h"
-#include "app/my_input.h"
 #include "app/rig.h"
-#include "model/cube.h"
-#include "model/parser.h"
 #include "model/turns.h"
 #include "model/undo.h"
 #include "render/cube_box.h"
@@ -13,7 +10,6 @@
 #include <FL/Fl.H>
 #include <X11/keysym.h>
 
-#include <cstring>
 #include <gtest/gtest.h>
 #include <string>
 
@@ -24,33 +20,11 @@ class Driver : public testing::Test {
     void SetUp() override { openwindow(); }
 };
 
-// The colours of a solved cube after a macro.
-std::string coloursafter(const char* macro) {
-    unsigned char savedcolors[54];
-    std::memcpy(savedcolors, cubecolors, sizeof savedcolors);
-    initcubies();
-    parsing = 0;
-    parsestring(macro, static_cast<int>(std::strlen(macro)));
-    std::string colours(reinterpret_cast<const char*>(cubecolors), 54);
-    std::memcpy(cubecolors, savedcolors, sizeof savedcolors);
-    return colours;
-}
-
-std::string colours() {
-    return {reinterpret_cast<const char*>(cubecolors), 54};
-}
-
 // Answers a question for a line of text, in place of the text that it offers.
 void replaceline(const std::string& answer) {
     screen().press(XK_Home);
     screen().press(XK_k, ctrl_key);
     screen().type(answer + "\n");
-}
-
-void queuemacro(const char* macro) {
-    parsing = 1;
-    parsestring(macro, static_cast<int>(std::strlen(macro)));
-    parsing = 0;
 }
 
 } // namespace
@@ -198,77 +172,6 @@ TEST_F(Driver, TheInterruptTakesTheTurnBackAndDropsTheQueue) {
     EXPECT_EQ(colours(), coloursafter(""));
 }
 
-TEST_F(Driver, StepsForwardTokenByTokenAndWraps) {
-    constexpr struct {
-        int code, position;
-    } steps[] = {
-        {0,  1},
-        {12, 3},
-        {6,  4},
-        {0,  1},
-    };
-
-    inp->value("U*FR");
-    for (const auto& step : steps) {
-        singlestepmacro();
-        EXPECT_EQ(turns[0], step.code);
-        EXPECT_EQ(turns[1], noturn);
-        EXPECT_EQ(singlestepptr, step.position);
-        EXPECT_EQ(inp->position(), step.position);
-        EXPECT_EQ(parsing, 0);
-    }
-    clearqueue();
-}
-
-TEST_F(Driver, StepsBackwardAndStopsAtTheStart) {
-    inp->value("U*FR");
-    singlestepptr = 4;
-    revsinglestepmacro();
-    EXPECT_EQ(turns[0], 7);
-    EXPECT_EQ(singlestepptr, 3);
-    EXPECT_EQ(parsing, 0);
-    revsinglestepmacro();
-    EXPECT_EQ(turns[0], 13);
-    EXPECT_EQ(singlestepptr, 1);
-    EXPECT_EQ(inp->position(), 1);
-    EXPECT_EQ(parsing, 1); // NOT-BUGS.md, "A step back over a slice leaves the parser queueing"
-    revsinglestepmacro();
-    EXPECT_EQ(turns[0], 1);
-    EXPECT_EQ(singlestepptr, 0);
-    EXPECT_EQ(parsing, 0);
-    clearqueue();
-    revsinglestepmacro();
-    EXPECT_EQ(turns[0], noturn);
-    EXPECT_EQ(singlestepptr, 0);
-}
-
-TEST_F(Driver, ATurnLandsOnTheCubeAfterAStepBackOverASlice) {
-    TURNTIME = 3;
-    inp->value("*F");
-    singlestepptr = 2;
-    revsinglestepmacro();
-    settle();
-    EXPECT_EQ(colours(), coloursafter("*B"));
-}
-
-TEST_F(Driver, StepsStayInsideATextThatWasShortened) {
-    inp->value("RUF");
-    singlestepptr = 3;
-    inp->value("B");
-    revsinglestepmacro();
-    EXPECT_EQ(turns[0], 11);
-    EXPECT_EQ(singlestepptr, 0);
-    inp->value("R*");
-    singlestepptr = 1;
-    singlestepmacro();
-    EXPECT_EQ(singlestepptr, 2);
-    EXPECT_EQ(turns[0], noturn);
-    inp->value("");
-    singlestepmacro();
-    EXPECT_EQ(singlestepptr, 0);
-    EXPECT_EQ(turns[0], noturn);
-}
-
 TEST_F(Driver, AcceptsASpeedFromOneTo999) {
     constexpr struct {
         const char* answer;
@@ -309,33 +212,4 @@ TEST_F(Driver, ATurnBeyondTheNewLengthGoesOnNearItsEnd) {
     EXPECT_EQ(TURNTIME, 5);
     EXPECT_EQ(ttime, 3);
     ttime = -1;
-}
-
-TEST_F(Driver, ApplyingAMacroChangesTheCubeAtOnceAndIsUndoable) {
-    inp->value("2(RU)*F");
-    inp->clear_changed();
-    applymacro();
-    EXPECT_NE(inp->changed(), 0);
-    EXPECT_EQ(undoptr, 5);
-    EXPECT_EQ(turns[0], noturn);
-    EXPECT_EQ(colours(), coloursafter("2(RU)*F"));
-}
-
-TEST_F(Driver, ApplyingTheSingmasterFormAppliesTheConvertedText) {
-    inp->value("[R U' F2]");
-    applymacro();
-    EXPECT_STREQ(inp->value(), "RuFF");
-    EXPECT_EQ(colours(), coloursafter("RuFF"));
-}
-
-TEST_F(Driver, AMalformedMacroIsRefusedAndChangesNothing) {
-    inp->value("R U");
-    withdialog(applymacro, [] { screen().press(XK_Return); });
-    EXPECT_EQ(colours(), coloursafter(""));
-    EXPECT_STREQ(inp->value(), "R U");
-    EXPECT_FALSE([] {
-        bool good = false;
-        withdialog([&] { good = checkedmacro().has_value(); }, [] { screen().press(XK_Return); });
-        return good;
-    }());
 }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "app/label.h"
 #include "app/macrochoice.h"
 #include "app/macrorig.h"
 #include "app/mainwindow.h"
@@ -137,11 +138,4 @@ TEST_F(Macrochoice, QuestionsShowNamesLetterForLetter) {
     const std::string name = "@> 100%s & so";
     EXPECT_EQ("No macro named: @@> 100%s & so",
               answering({name, std::nullopt}, deletedefinedmacro).back());
-}
-
-TEST_F(Macrochoice, LabelsDoubleWhatTheToolkitWouldAct) {
-    EXPECT_EQ("", plainlabel(""));
-    EXPECT_EQ("a/b \\_%s", plainlabel("a/b \\_%s"));
-    EXPECT_EQ("@@&&", plainlabel("@&"));
-    EXPECT_EQ(std::string(2000, '&'), plainlabel(std::string(1000, '&')));
 }

@@ -3,6 +3,7 @@
 
 #include "app/dispatch.h"
 #include "app/driver.h"
+#include "app/macroline.h"
 #include "app/mainwindow.h"
 #include "app/my_input.h"
 #include "model/cube.h"
@@ -20,6 +21,7 @@
 #include <X11/keysym.h>
 
 #include <cstdlib>
+#include <cstring>
 
 namespace {
 
@@ -34,6 +36,24 @@ void answerbox(void*) {
     }
     screen().focus(windows.back());
     pendinganswer();
+}
+
+struct box_count {
+    bool open = false; // a box is there
+    int boxes = 0;
+};
+
+// Presses again until it is gone: a window that the server has not made yet takes no key.
+void leavebox(void* data) {
+    auto& count = *static_cast<box_count*>(data);
+    const bool open = Fl::modal() != nullptr && Fl::modal()->shown() != 0;
+    count.boxes += open && !count.open ? 1 : 0;
+    count.open = open;
+    if (open) {
+        screen().focus(screen().windows().back());
+        screen().press(XK_Escape);
+    }
+    Fl::repeat_timeout(0.02, leavebox, data);
 }
 
 void buildwindow() {
@@ -96,6 +116,32 @@ void settle() {
     }
 }
 
+std::string coloursafter(const char* macro) {
+    unsigned char savedcolors[54];
+    std::memcpy(savedcolors, cubecolors, sizeof savedcolors);
+    initcubies();
+    parsing = 0;
+    parsestring(macro, static_cast<int>(std::strlen(macro)));
+    std::string colours(reinterpret_cast<const char*>(cubecolors), 54);
+    std::memcpy(cubecolors, savedcolors, sizeof savedcolors);
+    return colours;
+}
+
+std::string colours() {
+    return {reinterpret_cast<const char*>(cubecolors), 54};
+}
+
+void queuemacro(const char* macro) {
+    parsing = 1;
+    parsestring(macro, static_cast<int>(std::strlen(macro)));
+    parsing = 0;
+}
+
+rectangle viewonscreen() {
+    const rectangle window = screen().place(fl_xid(form));
+    return {window.x + cube->x(), window.y + cube->y(), cube->w(), cube->h()};
+}
+
 std::string boxtext() {
     const Fl_Window* box = Fl::modal();
     for (int i = 0; i < box->children(); ++i) {
@@ -115,6 +161,14 @@ std::string shownby(const std::function<void()>& message) {
         screen().press(XK_Return);
     });
     return text;
+}
+
+int boxesof(const std::function<void()>& command) {
+    box_count count;
+    Fl::add_timeout(0.01, leavebox, &count);
+    command();
+    Fl::remove_timeout(leavebox, &count);
+    return count.boxes;
 }
 
 void withdialog(const std::function<void()>& dialog, const std::function<void()>& answer) {

@@ -27,9 +27,18 @@ int passestoend();
 // Passes until nothing is in progress or queued and the view is up to date.
 void settle();
 
+std::string colours();                       // of the cube, by place
+std::string coloursafter(const char* macro); // of a solved cube after a macro
+void queuemacro(const char* macro);          // as Enter does
+
+rectangle viewonscreen(); // the view's place
+
 // Calls dialog, which opens one of the toolkit's boxes and blocks, and has answer called as soon as
 // the box is there and has the keyboard.
 void withdialog(const std::function<void()>& dialog, const std::function<void()>& answer);
+
+// Calls command and leaves every box that it opens by Escape. Returns how many there were.
+int boxesof(const std::function<void()>& command);
 
 // The text in the toolkit's message box, as it will be drawn: with "@@" for the letter "@".
 std::string boxtext();
