@@ -2,6 +2,7 @@
 #include "app/filequestion.h"
 
 #include "app/filenames.h"
+#include "app/interlude.h"
 #include "app/mainwindow.h"
 #include "shell.h"
 
@@ -355,6 +356,7 @@ void begin(question& asked, const std::string& preset) {
 
 std::optional<std::string> filequestion(const std::string& title, const std::string& pattern,
                                         const std::string& preset) {
+    const interlude box;
     question asked;
     asked.pattern = pattern;
     makewindow(asked, title);

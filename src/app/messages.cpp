@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/messages.h"
 
+#include "app/interlude.h"
+#include "app/label.h"
 #include "app/mainwindow.h"
 #include "input/colorcollector.h"
 #include "macros/preferences.h"
@@ -24,13 +26,8 @@ constinit char smessage[200] = {};
 
 namespace {
 
-// The boxes show their text as a label, in which "@" begins a symbol and "@@" is the letter.
 std::string label(const char* text) {
-    std::string doubled;
-    for (const char* c = text; c != nullptr && *c != '\0'; ++c) {
-        doubled.append(*c == '@' ? 2 : 1, *c);
-    }
-    return doubled;
+    return boxlabel(text == nullptr ? "" : text);
 }
 
 // The six colour letters of an answer, in upper case; empty if it is a bad one.
@@ -50,20 +47,24 @@ std::string colorletters(const char* answer) {
 
 void displaystring(const char* text) {
     if (displayorder != 0) {
+        const interlude box;
         fl_message("%s", label(text).c_str());
     }
 }
 
 void showalert(const char* text) {
+    const interlude box;
     fl_alert("%s", label(text).c_str());
 }
 
 bool askyesno(const char* question) {
+    const interlude box;
     // What the toolkit's own yes-or-no question does; that function is marked as obsolete.
     return fl_choice("%s", fl_no, fl_yes, nullptr, label(question).c_str()) == 1;
 }
 
 const char* askline(const char* prompt, const char* preset) {
+    const interlude box;
     return fl_input("%s", preset, label(prompt).c_str());
 }
 

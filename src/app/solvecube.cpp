@@ -3,6 +3,8 @@
 
 #include "app/dispatch.h"
 #include "app/driver.h"
+#include "app/interlude.h"
+#include "app/macroline.h"
 #include "app/mainwindow.h"
 #include "app/messages.h"
 #include "app/my_input.h"
@@ -23,6 +25,7 @@ bool initializesolver() {
     if (initialized) {
         return true;
     }
+    const keptevent event;
     showmessagewindow("Initializing solver ...\n", 0);
     delay();
     while (initializesolve() == 0) {

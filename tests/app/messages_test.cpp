@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/dispatch.h"
+#include "app/macroline.h"
 #include "app/mainwindow.h"
 #include "app/messages.h"
 #include "app/my_input.h"

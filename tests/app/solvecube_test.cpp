@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/dispatch.h"
 #include "app/driver.h"
+#include "app/macroline.h"
 #include "app/mainwindow.h"
 #include "app/messages.h"
 #include "app/my_input.h"

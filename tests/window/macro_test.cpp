@@ -19,6 +19,12 @@ class Macro : public windowtest {
         return vexel.part(lengthplace);
     }
 
+    // Where the text of the line stands, right of a cursor at its start.
+    static rectangle linetext() {
+        const rectangle r = macroplace;
+        return {r.x + 8, r.y + 3, r.w - 12, r.h - 6};
+    }
+
     // How many turns of macro, one letter each, the screen shows to have landed; -1 for none such.
     int landed(const std::string& macro) const {
         for (int count = 0; count <= static_cast<int>(macro.size()); ++count) {
@@ -127,6 +133,37 @@ TEST_F(Macro, MoreThanTwoHundredTurnsAreAskedFor) {
     vexel.answer(XK_Return); // Yes
     domacro("R");
     EXPECT_TRUE(showsmodel(60));
+}
+
+// A box that a key of the line opens is closed by another key, which is not the line's.
+TEST_F(Macro, WhatClosesABoxIsNotTakenForTheLinesOwnKey) {
+    for (const unsigned long key : {XK_Return, XK_space, XK_Escape}) {
+        for (const char* text : {"s(RU)", "R)"}) { // an order is told, a mistake is told
+            SCOPED_TRACE(std::string(text) + " " + std::to_string(key));
+            initcubies();
+            vexel.typemacro(text);
+            ASSERT_TRUE(vexel.waitquiet());
+            const picture line = vexel.part(linetext());
+            screen.press('a', ctrl_key);
+            vexel.answer(key);
+            ASSERT_TRUE(vexel.waitquiet());
+            EXPECT_EQ(vexel.dialog(), 0UL);
+            EXPECT_EQ(vexel.part(linetext()), line);
+            EXPECT_TRUE(showsmodel());
+        }
+    }
+}
+
+TEST_F(Macro, ShiftIsWhatItWasBeforeTheQuestion) {
+    for (const int shift : {static_cast<int>(shift_key), 0}) {
+        vexel.typemacro("201(R)");
+        screen.press(XK_Return, shift);
+        vexel.waitdialog();
+        screen.press(XK_Return, shift_key - shift); // Yes
+        ASSERT_TRUE(vexel.waitnodialog());
+        domacro(shift != 0 ? "r" : "R");
+        EXPECT_TRUE(showsmodel(60));
+    }
 }
 
 TEST_F(Macro, NeverQueuesMoreThan999Turns) {
