@@ -11,8 +11,8 @@
 #include <optional>
 
 constinit int maccount = 0;
-constinit std::string macnames[maxmacros] = {};
-constinit std::string macstrs[maxmacros] = {};
+std::string macnames[maxmacros]; // no constinit: not every compiler sees that these are constants
+std::string macstrs[maxmacros];
 constinit int showmac[maxmacros] = {};
 
 namespace {

@@ -7,7 +7,7 @@
 #include "macros/preferences.h"
 #include "shell.h"
 
-constinit std::string lastmacrofilename = {};
+std::string lastmacrofilename; // no constinit: not every compiler sees that this is a constant
 
 int loadmacrofile(const char* path) {
     std::FILE* file = std::fopen(path, "r");
