@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "model/slowparser.h"
 
+#include <algorithm>
 #include <cctype>
 
 namespace {
@@ -94,7 +95,7 @@ void slowparse(slow_run& run, const std::string& text) {
     for (size_t i = 0; i < text.size() && !over(run); i++, run.budget--) {
         const char c = text[i];
         if (isdigit(static_cast<unsigned char>(c))) {
-            count = count * 10 + (c - '0');
+            count = std::min(count, 100000000) * 10 + (c - '0'); // more than any budget
             continue;
         }
         if (c == '(') {
