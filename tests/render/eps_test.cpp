@@ -291,8 +291,10 @@ TEST_F(Eps, ColorLineIsThatOfItsIndex) {
     }
 }
 
+// Printing asks for the standard view to be kept each time: here the export alone is called.
 TEST_F(Eps, OnlyTheFirstMatrixIsKept) {
     const std::string before = printed();
+    const std::vector<float> kept(Mat, Mat + 16);
     const float other[4][4] = {
         {1, 0, 0, 0},
         {0, 1, 0, 0},
@@ -300,7 +302,10 @@ TEST_F(Eps, OnlyTheFirstMatrixIsKept) {
         {0, 0, 0, 1}
     };
     EPSdump(1, other);
-    EXPECT_EQ(printed(), before);
+    EXPECT_TRUE(std::equal(kept.begin(), kept.end(), Mat));
+    shell.answers = {path};
+    EPSdump(0, nullptr);
+    EXPECT_EQ(readfile(path), before);
 }
 
 TEST_F(Eps, ColorsBeyondTheSixHaveTheirPaletteLines) {
