@@ -12,6 +12,7 @@
 #include "macros/preferences.h"
 #include "model/cube.h"
 #include "render/cube_box.h"
+#include "render/glscreen.h"
 #include "render/projection.h"
 #include "shell.h"
 
@@ -43,7 +44,7 @@ void opendisplay() {
     Fl::fatal = failure;
     fl_open_display();
     if (!viewpossible()) {
-        failure("This display offers no double-buffered OpenGL visual, which the cube view needs");
+        failure("This display offers no double-buffered OpenGL, which the cube view needs");
     }
 }
 

@@ -3,6 +3,7 @@
 
 #include "model/parser.h"
 #include "render/animation.h"
+#include "render/glscreen.h"
 #include "render/glwrap.h"
 #include "render/projection.h"
 #include "shell.h"
@@ -50,6 +51,9 @@ int click(const Fl_Widget* view, int state) {
 } // namespace
 
 void cube_box::draw() {
+    if (context_valid() == 0) {
+        dontwaitforbeam();
+    }
     setupeye(w(), h());
     PushMatrix();
     setupcube();
@@ -91,8 +95,4 @@ int cube_box::handle(int event) {
     }
     default: return 0;
     }
-}
-
-bool viewpossible() {
-    return Fl_Gl_Window::can_do(FL_RGB | FL_DOUBLE) != 0;
 }

@@ -30,6 +30,3 @@ class cube_box : public Fl_Gl_Window {
     // is refused.
     int handle(int event) override;
 };
-
-// Whether the display has a visual for the view: RGB, double-buffered. Opens the display.
-[[nodiscard]] bool viewpossible();

@@ -45,8 +45,8 @@ only() {
     fi
 }
 
-only "a toolkit header"  '^#include [<"]FL/'              'render/cube_box\.|macros/|input/|app/'
-only "an OpenGL header"  '^#include [<"](GL/|FL/gl)'      'render/glwrap\.|render/cube_box\.'
+only "a toolkit header"  '^#include [<"]FL/'              'render/(cube_box|glscreen)\.|macros/|input/|app/'
+only "an OpenGL header"  '^#include [<"](GL/|FL/gl)'      'render/(glwrap|glscreen|cube_box)\.'
 only "the toolkit store" 'Fl_Preferences'                 'macros/preferences\.'
 
 exit $status

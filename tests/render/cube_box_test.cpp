@@ -9,6 +9,7 @@
 #include "render/animation.h"
 #include "render/colors.h"
 #include "render/cube_box.h"
+#include "render/glscreen.h"
 #include "render/glwrap.h"
 #include "render/projection.h"
 #include "viewpoints.h"
