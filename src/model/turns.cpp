@@ -44,6 +44,13 @@ constexpr bool soundturns() {
 
 static_assert(soundturns());
 
+// A code one too large would read what lies behind the table, which no test can be sure to see.
+constexpr bool isturn(int code) {
+    return code >= 0 && code < turncount;
+}
+
+static_assert(!isturn(-1) && isturn(0) && isturn(turncount - 1) && !isturn(turncount));
+
 } // namespace
 
 // State
@@ -59,7 +66,7 @@ constinit int turnlanded = 0;
 
 // There is no counter-clockwise turn of its own: it is three clockwise ones.
 void applyturn(int code) {
-    if (code < 0 || code >= turncount) {
+    if (!isturn(code)) {
         return;
     }
     const turn_row& row = turn_table[code];
@@ -75,7 +82,7 @@ void applyturn(int code) {
 // One entry is kept for the end mark, which is written anew with each code, so that the driver may
 // read at any time.
 bool queueturn(int code) {
-    assert(code >= 0 && code < turncount);
+    assert(isturn(code));
     if (turnptr >= queuesize - 1) {
         return false;
     }
@@ -93,7 +100,7 @@ void clearqueue() {
 
 // The frame is left alone: a turn that is replaced hands its frame on to the next.
 void startturn(int code) {
-    assert(code >= noturn && code < turncount);
+    assert(code == noturn || isturn(code));
     turnmode = code;
     turnlanded = 0;
 }

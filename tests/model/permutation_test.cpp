@@ -140,6 +140,43 @@ TEST_F(Permutation, NamesAreCompared) {
     EXPECT_STREQ("FU", flipedge(1, "UF"));
 }
 
+// All texts of that length in three letters.
+std::vector<std::string> names(size_t length) {
+    std::vector<std::string> all = {""};
+    while (all.front().size() < length) {
+        std::vector<std::string> longer;
+        for (const std::string& name : all) {
+            for (char letter : {'U', 'F', 'R'}) {
+                longer.push_back(name + letter);
+            }
+        }
+        all = longer;
+    }
+    return all;
+}
+
+// One letter in common, or two, is not enough for any answer.
+TEST_F(Permutation, NamesAreTheSameOnlyInAllTheirLetters) {
+    for (const std::string& a : names(2)) {
+        for (const std::string& b : names(2)) {
+            const std::string reversed(a.rbegin(), a.rend());
+            EXPECT_EQ(b == a ? 1 : b == reversed ? 2 : 0, sameedge(a.c_str(), b.c_str())) << a + b;
+        }
+    }
+    for (const std::string& a : names(3)) {
+        const std::string last = a.substr(2) + a.substr(0, 2); // the last letter comes first
+        const std::string first = a.substr(1) + a.substr(0, 1);
+        for (const std::string& b : names(3)) {
+            EXPECT_EQ(b == a       ? 1
+                      : b == last  ? 2
+                      : b == first ? 3
+                                   : 0,
+                      samecorner(a.c_str(), b.c_str()))
+                << a + b;
+        }
+    }
+}
+
 // The report
 
 TEST_F(Permutation, TheSolvedCubeReportsOne) {

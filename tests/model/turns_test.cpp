@@ -99,10 +99,11 @@ TEST_F(Turns, TheQueueHolds999Turns) {
 }
 
 TEST_F(Turns, OnlyTurnCodesAreQueuedOrStarted) {
-    EXPECT_DEATH(queueturn(24), "turncount");
-    EXPECT_DEATH(queueturn(-1), "code");
-    EXPECT_DEATH(startturn(24), "turncount");
-    EXPECT_DEATH(startturn(-2), "noturn");
+    for (int code : {-2, 24}) {
+        EXPECT_DEATH(queueturn(code), "isturn");
+        EXPECT_DEATH(startturn(code), "isturn");
+    }
+    EXPECT_DEATH(queueturn(noturn), "isturn");
 }
 
 TEST_F(Turns, ClearingDropsTheQueueButNotTheTurnInProgress) {
