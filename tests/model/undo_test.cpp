@@ -122,4 +122,90 @@ TEST_F(Undo, QueuedTurnsAreNotStoredBeforeTheyLand) {
     EXPECT_EQ(0, undoptr);
 }
 
+// Series
+
+// A series beside the codes that it stands for, written out.
+struct long_series {
+    undo_series series;
+    codes written;
+
+    void add(int code) {
+        addturn(series, code);
+        written.push_back(code);
+    }
+
+    void add(const long_series& more, int times) {
+        addseries(series, more.series, times);
+        for (int i = 0; i < times; i++) {
+            written.insert(written.end(), more.written.begin(), more.written.end());
+        }
+    }
+};
+
+long_series turnsofall(int count) {
+    long_series some;
+    for (int i = 0; i < count; i++) {
+        some.add(i % turncount);
+    }
+    return some;
+}
+
+// The buffer holds before turns, with an undo under way or without.
+void expectsamebuffer(const long_series& some, int before, bool underway) {
+    const auto prepare = [&] {
+        initundo();
+        for (int i = 0; i < before; i++) {
+            undosave(23);
+        }
+        if (underway) {
+            undo();
+        }
+    };
+    prepare();
+    for (int code : some.written) {
+        undosave(code);
+    }
+    const codes expected(undobuf, undobuf + undoptr);
+    prepare();
+    undosaveseries(some.series);
+    EXPECT_EQ(expected, codes(undobuf, undobuf + undoptr))
+        << some.written.size() << " turns after " << before;
+}
+
+TEST_F(Undo, ASeriesLeavesTheBufferOfItsTurns) {
+    for (int length : {0, 1, 499, 500, 799, 800, 801, 802, 1299, 1300, 1301, 1800, 1801, 5000}) {
+        for (int before : {0, 1, 300, 799, 800}) {
+            expectsamebuffer(turnsofall(length), before, false);
+            expectsamebuffer(turnsofall(length), before, true);
+        }
+    }
+}
+
+TEST_F(Undo, ASeriesOfSeriesLeavesTheBufferOfItsTurns) {
+    for (int length : {1, 7, 650, 1301}) {
+        for (int times : {0, 1, 2, 3, 115, 186}) {
+            long_series whole = turnsofall(5);
+            whole.add(turnsofall(length), times);
+            whole.add(9);
+            expectsamebuffer(whole, 40, false);
+            expectsamebuffer(whole, 40, true);
+        }
+    }
+}
+
+// However long what it stands for is: this is what keeps a nested macro from filling the memory.
+TEST_F(Undo, ASeriesKeepsNoMoreThanTheBufferCanTell) {
+    undo_series series;
+    for (int i = 0; i < 3000; i++) {
+        addturn(series, 6);
+        ASSERT_LE(series.codes.size(), 1300U);
+    }
+    for (int times : {1, 2, 1000000, 2147483647}) {
+        undo_series outer = series;
+        addseries(outer, series, times);
+        EXPECT_LE(outer.codes.size(), 1300U);
+        EXPECT_GT(outer.codes.size(), 800U);
+    }
+}
+
 } // namespace
