@@ -219,6 +219,7 @@ void opengizmo() {
         makegizmo();
     }
     setcolors();
+    message->value(""); // the verdict of an earlier use is about another cube
     gizmo->show();
     currentface = 0; // also after an earlier use
     highlightbutton(currentface);

@@ -27,7 +27,8 @@ extern int sanecube;
 extern Fl_Button* buts[placecount];          // by place
 extern Fl_Button* facecolors[cubefacecount]; // by colour; the colour is the callback's number
 
-// Opens the dialog on the cube as it stands, with the first facelet of U selected, and returns at
-// once: the toolkit's loop goes on, and so do an animation and the demo.
+// Opens the dialog on the cube as it stands, with the first facelet of U selected and no verdict
+// until something is entered, and returns at once: the toolkit's loop goes on, and so do an
+// animation and the demo.
 // Deliberate: NOT-BUGS.md, "The collector does not follow turns"
 void colorcollector();

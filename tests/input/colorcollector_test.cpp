@@ -232,6 +232,18 @@ TEST_F(Colorcollector, OpensWithTheFirstFaceletSelected) {
     EXPECT_EQ(currentface, 0);
 }
 
+// A cube held in another way has been called invalid and taken; since then it may be any other.
+TEST_F(Colorcollector, OpensWithoutTheVerdictOfAnEarlierUse) {
+    applyturn(20);
+    flipat(7);
+    flipat(7);
+    EXPECT_NE(verdict(), "Valid Cube!");
+    find("Finish")->do_callback();
+    initcubies();
+    colorcollector();
+    EXPECT_EQ(verdict(), "");
+}
+
 TEST_F(Colorcollector, ColouringMovesTheSelectionOnAndJudges) {
     select(53);
     color(3);
