@@ -312,6 +312,11 @@ TEST_F(CubeBox, BackgroundIsMidGrey) {
     const picture p = seen();
     EXPECT_TRUE(near(p.at(3, 3), {128, 128, 128}));
     EXPECT_TRUE(near(p.at(430, 430), {128, 128, 128}));
+    view->make_current();
+    GLfloat cleared[4] = {};
+    glGetFloatv(GL_COLOR_CLEAR_VALUE, cleared);
+    EXPECT_EQ(cleared[0], 0.5F);
+    EXPECT_EQ(cleared[3], 0); // a screen that mixes windows would see it
 }
 
 // The letters of the three faces are told apart by where their ink is: F has a bar at the top and
