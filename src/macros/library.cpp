@@ -39,7 +39,7 @@ static_assert(std::size(builtin_table) == 7);
 // A copy: the answer of the seam is gone with the next question, and one may follow.
 std::optional<std::string> askname(const char* prompt, const std::string& preset) {
     const char* answer = askline(prompt, preset.c_str());
-    return answer == nullptr ? std::nullopt : std::optional<std::string>(answer);
+    return answer == nullptr ? std::nullopt : std::optional(plainname(answer));
 }
 
 // The name of the entry that is chosen in the list, to be offered as an answer.
@@ -95,13 +95,19 @@ int findmacro(const std::string& name) {
     return distance == maccount ? -1 : static_cast<int>(distance);
 }
 
+std::string plainname(std::string name) {
+    const auto isbreak = [](char c) { return c == '\n' || c == '\r'; };
+    std::replace_if(name.begin(), name.end(), isbreak, ' ');
+    return name;
+}
+
 int addmacro(const char* name, const char* text) {
     if (maccount == maxmacros) {
         showalert("Too many macro definitions");
         return 0;
     }
     const bool marked = *text == '$'; // a mark of a deleted macro must not stay in this row either
-    macnames[maccount] = name;
+    macnames[maccount] = plainname(name);
     macstrs[maccount] = marked ? text + 1 : text;
     showmac[maccount] = marked ? 1 : 0;
     ++maccount;

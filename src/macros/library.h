@@ -5,8 +5,9 @@
 // State     maccount, macnames, macstrs, showmac: row i of each is that of macro i, 0..maccount -
 //           1, in the order of adding: the built-in macros, those of the preferences, those of
 //           files and of the user. Rows from maccount on hold empty texts.
-// Texts     any bytes but NUL, any length. A name may be empty and may stand in the table more than
-//           once: whoever looks for a name finds its first macro. A move string is not checked
+// Texts     any bytes but NUL, any length. A name holds no line break, since a macro file could not
+//           hold it, and may be empty. It may stand in the table more than once: whoever looks for
+//           a name finds its first macro. A move string is not checked
 //           before it is applied.
 // Window    the list of macros and the gizmo panel follow the table through the seam (shell.h).
 // Callers   mainwindow (built-in macros), macrofile, preferences, the commands of dispatch, the
@@ -29,6 +30,8 @@ void initlibrary(); // the table back to empty, without a word to the window; fo
 
 // The first macro of that name; -1 if there is none.
 [[nodiscard]] int findmacro(const std::string& name);
+
+[[nodiscard]] std::string plainname(std::string name); // a name with blanks for its line breaks
 
 // Adding
 

@@ -22,11 +22,8 @@
 extern std::string lastmacrofilename;
 
 // Adds the macros of a file to the table (library.h), as macrolines.h reads them; names that are
-// there already are added again. 1, or 0 when the file cannot be opened. Lines are read 99 bytes at
-// a time, whatever they hold: what is longer counts as several lines, a NUL ends a line's text
-// early, a carriage return is part of it. A name without a string line gets the string line before
-// it once more, the empty text if there is none. Reading ends where the table is full, after its
-// message.
+// there already are added again. 1, or 0 when the file cannot be opened or is not a regular one.
+// Reading ends where the table is full, after its message.
 int loadmacrofile(const char* path);
 
 // Writes every macro of the table, in its order, as a name line and a string line. The marks for
@@ -36,9 +33,10 @@ void printmacrodefs(std::FILE* file);
 // Commands. They ask for a file; a cancelled question ends them with nothing done.
 
 // Writes the table to a file, which is there whole in the end or stays as it was: then the message
-// is "Couldn't open ... for writing".
+// is "Couldn't open ... for writing" and the reason. What was there is kept beside it (savefile.h).
+// One message names the macros that loadmacrofile would not give back whole.
 void dumpmacfile();
 
-// Loads a file. On success it is remembered as lastmacrofilename and the preferences are written;
-// a file that cannot be opened is passed over without a word.
+// Loads a file. On success it is remembered as lastmacrofilename and the preferences are written.
+// Where it cannot be opened the message is "Couldn't open ..." and the reason.
 void snarfmacros();

@@ -15,9 +15,11 @@ constexpr int macrolinesize = 99; // bytes read at a time: 98 characters and the
 struct macro_lines {
     char name[macrolinesize];
     char moves[macrolinesize]; // with its "$", if it has one
+    bool begun;                // whether the file's first line has been read
 };
 
-// Reads the next macro of the file: 1, or 0 at its end. A line is cut at its newline; one that is
-// longer than 98 characters counts as several. Where the line of moves is missing it stays as the
-// macro before left it.
+// Reads the next macro of the file: 1, or 0 at its end. A line is cut at its newline, or at a
+// carriage return and newline; one that is longer than 98 characters counts as several, and a NUL
+// ends its text early. A byte order mark at the beginning of the file is passed over. Where the
+// line of moves is missing it stays as the macro before left it.
 [[nodiscard]] int readmacrolines(std::FILE* file, macro_lines& macro);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "render/eps.h"
 
-#include "base/replacefile.h"
+#include "base/savefile.h"
 #include "model/cube.h"
 #include "render/standardview.h"
 #include "shell.h"
@@ -168,8 +168,9 @@ void askandwrite() {
         return;
     }
     const std::string chosen = name;
-    if (replacefile(chosen.c_str(), writepicture) == 0) {
-        showalert(("Couldn't open " + chosen + " for writing.").c_str());
+    const std::string reason = savefile(chosen, writepicture);
+    if (!reason.empty()) {
+        showalert(("Couldn't open " + chosen + " for writing.\n" + reason).c_str());
     }
 }
 

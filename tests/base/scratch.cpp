@@ -3,6 +3,7 @@
 
 #include <csignal>
 #include <cstdlib>
+#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <grp.h>
@@ -10,6 +11,7 @@
 #include <iterator>
 #include <stdexcept>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -57,6 +59,29 @@ std::string readfile(const std::string& path) {
 void writefile(const std::string& path, const std::string& content) {
     std::filesystem::create_directories(std::filesystem::path(path).parent_path());
     std::ofstream(path, std::ios::binary) << content;
+}
+
+bool makedevice(const std::string& path, const std::string& name) {
+    struct stat device = {};
+    if (stat(("/dev/" + name).c_str(), &device) != 0 ||
+        mknod(path.c_str(), S_IFCHR | 0666, device.st_rdev) != 0) {
+        return false;
+    }
+    std::filesystem::permissions(path, std::filesystem::perms(0666));
+    const int file = open(path.c_str(), O_WRONLY | O_CLOEXEC); // some disks hold devices shut
+    return file >= 0 && close(file) == 0;
+}
+
+void makepipe(const std::string& path) {
+    if (mkfifo(path.c_str(), 0666) != 0) {
+        throw std::runtime_error("no pipe for the test");
+    }
+    std::filesystem::permissions(path, std::filesystem::perms(0666));
+}
+
+int filesin(const std::string& folder) {
+    const std::filesystem::directory_iterator all(folder);
+    return static_cast<int>(std::distance(begin(all), end(all)));
 }
 
 bool asnobody(const std::function<void()>& work) {

@@ -2,7 +2,8 @@
 //
 // scratch: a home folder of the test's own, and disks that are full or cannot be written.
 //
-// Callers   the tests of macro files and preferences.
+// Devices   lie in that folder too, so that wrong code harms none of the system's.
+// Callers   the tests of files, macro files and preferences.
 #pragma once
 
 #include <functional>
@@ -37,6 +38,13 @@ class fulldisk {
 
 std::string readfile(const std::string& path);                       // "" if there is none
 void writefile(const std::string& path, const std::string& content); // and the folders it needs
+
+// Makes a device like /dev/<name>, where the system lets the test: "null", "zero" or "full".
+[[nodiscard]] bool makedevice(const std::string& path, const std::string& name);
+
+void makepipe(const std::string& path); // with a name
+
+int filesin(const std::string& folder); // how many
 
 // Runs work in a process of its own, as a user who owns nothing. Returns whether it came to its end
 // and no expectation failed in it.

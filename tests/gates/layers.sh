@@ -47,6 +47,6 @@ only() {
 
 only "a toolkit header"  '^#include [<"]FL/'              'render/(cube_box|glscreen)\.|macros/|input/|app/'
 only "an OpenGL header"  '^#include [<"](GL/|FL/gl)'      'render/(glwrap|glscreen|cube_box)\.'
-only "the toolkit store" 'Fl_Preferences'                 'macros/preferences\.'
+only "the toolkit store" 'Fl_Preferences'                 'macros/prefstore\.'
 
 exit $status

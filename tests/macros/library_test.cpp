@@ -48,7 +48,7 @@ constexpr struct {
 };
 
 constexpr const char* oddnames[] = {
-    "/a/b", "100%s %n%d", "\"quoted\" 'so'", "", "@>", "a&b", "\\_", " ", "\xff\xfe \r\t",
+    "/a/b", "100%s %n%d", "\"quoted\" 'so'", "", "@>", "a&b", "\\_", " ", "\xff\xfe \t",
 };
 
 } // namespace
@@ -333,4 +333,20 @@ TEST_F(Library, NamesInMessagesAreShownAsGiven) {
         deletedefinedmacro();
         EXPECT_EQ(std::string("alert: No macro named: ") + name, shell.messages.back());
     }
+}
+
+TEST_F(Library, ANameNeverHoldsALineBreak) {
+    shell.answers = {"two\nlines\r\n"};
+    definemacro();
+    EXPECT_EQ((texts{"two lines  "}), names());
+    EXPECT_EQ((texts{"addprefmacro(two lines  , )"}), preferencecalls);
+    shell.answers = {"two\rlines\n\n"};
+    definemacro();
+    EXPECT_EQ("alert: two lines  : name in use", shell.messages.back());
+    shell.answers = {"two\nlines\n\n"};
+    addmactogizmo();
+    EXPECT_EQ(1, showmac[0]);
+    shell.answers = {"two\nlines\n\n"};
+    deletedefinedmacro();
+    EXPECT_EQ(0, maccount);
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "base/scratch.h"
+#include "base/syscalls.h"
 #include "macros/library.h"
 #include "macros/macrofile.h"
 #include "macros/nullpreferences.h"
@@ -69,9 +70,15 @@ TEST_F(Macrofile, AMissingFileIsRefused) {
     EXPECT_TRUE(shell.messages.empty());
 }
 
-TEST_F(Macrofile, AnEmptyFileAndAFolderHoldNoMacros) {
+TEST_F(Macrofile, AnEmptyFileHoldsNoMacros) {
     load("");
-    EXPECT_EQ(1, loadmacrofile(home.file("").c_str()));
+    EXPECT_EQ(0, maccount);
+}
+
+TEST_F(Macrofile, WhatIsNoFileIsRefusedAtOnce) {
+    makepipe(path);
+    EXPECT_EQ(0, loadmacrofile(path.c_str()));
+    EXPECT_EQ(0, loadmacrofile(home.file("").c_str()));
     EXPECT_EQ(0, maccount);
 }
 
@@ -95,9 +102,32 @@ TEST_F(Macrofile, EmptyLinesCount) {
     EXPECT_EQ((texts{"|", "|RU", "name|"}), table());
 }
 
-TEST_F(Macrofile, CarriageReturnsArePartOfTheText) {
-    load("one\r\nRU\r\n");
-    EXPECT_EQ((texts{"one\r|RU\r"}), table());
+TEST_F(Macrofile, LinesOfOtherSystemsAreReadLikeOurs) {
+    const std::string whole(97, 'R');
+    load("one\r\nRU\r\n\r\n$\r\n" + whole + "\r\n" + whole + "\r\nlast\r\nU");
+    EXPECT_EQ((texts{"one|RU", "|$", whole + "|" + whole, "last|U"}), table());
+}
+
+TEST_F(Macrofile, AnyOtherCarriageReturnIsPartOfTheText) {
+    load("one\nR\rU\ntwo\n\r\r\nthree\nU\r");
+    EXPECT_EQ((texts{"one|R\rU", "two|\r", "three|U\r"}), table());
+}
+
+TEST_F(Macrofile, AByteOrderMarkIsPassedOver) {
+    load("\xef\xbb\xbfone\n\xef\xbb\xbfRU\n");
+    EXPECT_EQ((texts{"one|\xef\xbb\xbfRU"}), table());
+    initlibrary();
+    load("\xef\xbbone\nRU\n");
+    EXPECT_EQ((texts{"\xef\xbbone|RU"}), table());
+    initlibrary();
+    load("\xef\xbb\xbf");
+    load("\xef");
+    EXPECT_EQ((texts{"\xef|"}), table());
+}
+
+TEST_F(Macrofile, ANameHoldsNoLineBreak) {
+    load("one\rtwo\nRU\n");
+    EXPECT_EQ((texts{"one two|RU"}), table());
 }
 
 TEST_F(Macrofile, ANulEndsTheTextOfItsLine) {
@@ -155,8 +185,10 @@ TEST_F(Macrofile, ReadingEndsWhereTheTableIsFull) {
     EXPECT_EQ((texts{"alert: Too many macro definitions"}), shell.messages);
 }
 
-TEST_F(Macrofile, AFileWithoutAnEndIsReadUntilTheTableIsFull) {
-    EXPECT_EQ(1, loadmacrofile("/dev/zero"));
+TEST_F(Macrofile, AnEndlessFileIsReadUntilTheTableIsFull) {
+    writefile(path, "");
+    std::filesystem::resize_file(path, std::uintmax_t{1} << 40); // of zeros, and no room is used
+    EXPECT_EQ(1, loadmacrofile(path.c_str()));
     EXPECT_EQ(500, maccount);
     EXPECT_EQ(1U, shell.messages.size());
 }
@@ -209,14 +241,27 @@ TEST_F(Macrofile, CancelledQuestionsDoNothing) {
     EXPECT_EQ(0, files(home.file("")));
 }
 
-TEST_F(Macrofile, WhatCannotBeWrittenIsReported) {
+TEST_F(Macrofile, WhatCannotBeWrittenIsReportedWithTheReason) {
     addbuiltinmacros();
-    for (const std::string& name : {home.file("none/x"), home.file(""), "/dev/full"s, ""s}) {
-        shell.answers = {name};
+    const std::string pipe = home.file("pipe");
+    makepipe(pipe);
+
+    const struct {
+        std::string name;
+        const char* reason;
+    } rows[] = {
+        {home.file("none/x"), "No such file or directory"},
+        {home.file(""),       "Is a directory"           },
+        {pipe,                "No such device or address"},
+        {"",                  "No such file or directory"},
+    };
+
+    for (const auto& row : rows) {
+        shell.answers = {row.name};
         dumpmacfile();
-        EXPECT_EQ("alert: Couldn't open " + name + " for writing", shell.messages.back());
+        EXPECT_EQ("alert: Couldn't open " + row.name + " for writing\n" + row.reason,
+                  shell.messages.back());
     }
-    EXPECT_TRUE(std::filesystem::is_character_file("/dev/full"));
 }
 
 TEST_F(Macrofile, AFullDiskLeavesTheOldFileWhole) {
@@ -226,10 +271,86 @@ TEST_F(Macrofile, AFullDiskLeavesTheOldFileWhole) {
         const fulldisk disk(room);
         shell.answers = {path};
         dumpmacfile();
-        EXPECT_EQ("alert: Couldn't open " + path + " for writing", shell.messages.back());
+        EXPECT_EQ("alert: Couldn't open " + path + " for writing\nFile too large",
+                  shell.messages.back());
     }
     EXPECT_EQ("old\nRU\n", readfile(path));
     EXPECT_EQ(1, files(home.file("")));
+}
+
+TEST_F(Macrofile, WhatWasThereIsKeptUnlessThisRunWroteIt) {
+    writefile(path, "a thesis");
+    addmacro("one", "RU");
+    shell.answers = {path};
+    dumpmacfile();
+    addmacro("two", "RU");
+    shell.answers = {path};
+    dumpmacfile();
+    EXPECT_EQ("one\nRU\ntwo\nRU\n", readfile(path));
+    EXPECT_EQ("a thesis", readfile(path + "~"));
+    EXPECT_EQ(2, files(home.file("")));
+}
+
+// What does not come back whole
+
+TEST_F(Macrofile, ADumpTellsOnceWhatWillNotComeBackWhole) {
+    addmacro("good", std::string(97, 'R').c_str());
+    addmacro("long", std::string(150, 'U').c_str());
+    addmacro("after", "F");
+    shell.answers = {path};
+    dumpmacfile();
+    ASSERT_EQ(2U, shell.messages.size());
+    EXPECT_EQ("alert: Not to come back whole from this file:\nlong\nafter\n"
+              "A line of more than 97 characters is read as several.",
+              shell.messages.back());
+    EXPECT_NE(std::string::npos, readfile(path).find("\n" + std::string(150, 'U') + "\n"));
+}
+
+TEST_F(Macrofile, EachWayOfNotComingBackIsSeen) {
+    const std::string most(97, 'R');
+    const std::string more(98, 'R');
+
+    const struct {
+        const char* what;
+        std::string name, moves;
+        bool whole;
+    } rows[] = {
+        {"97 and 97",     most,            most,   true },
+        {"a longer name", more,            "R",    false},
+        {"longer moves",  "a",             more,   false},
+        {"nothing",       "",              "",     true },
+        {"a mark",        "a",             "$$R",  false},
+        {"a line break",  "a",             "R\nU", false},
+        {"a last return", "a",             "R\r",  false},
+        {"a byte mark",   "\xef\xbb\xbf-", "R",    false},
+    };
+
+    for (const auto& row : rows) {
+        SetUp();
+        addmacro(row.name.c_str(), row.moves.c_str());
+        addmacro("b", "U");
+        shell.answers = {path};
+        dumpmacfile();
+        EXPECT_EQ(row.whole ? 1U : 2U, shell.messages.size()) << row.what;
+    }
+}
+
+TEST_F(Macrofile, ManyAndLongNamesMakeNoLongMessage) {
+    for (int i = 0; i < 30; ++i) {
+        addmacro((std::to_string(i) + std::string(200, 'n')).c_str(), "R");
+    }
+    shell.answers = {path};
+    dumpmacfile();
+    const std::string text = shell.messages.back();
+    EXPECT_NE(std::string::npos, text.find("\n9" + std::string(59, 'n') + "...\nand 20 more\n"));
+    EXPECT_EQ(std::string::npos, text.find("\n10n"));
+}
+
+TEST_F(Macrofile, AnEmptyTableIsDumpedWithoutAWord) {
+    shell.answers = {path};
+    dumpmacfile();
+    EXPECT_EQ(1U, shell.messages.size());
+    EXPECT_TRUE(std::filesystem::exists(path));
 }
 
 TEST_F(Macrofile, AFileThatMayNotBeWrittenIsLeftAlone) {
@@ -239,7 +360,8 @@ TEST_F(Macrofile, AFileThatMayNotBeWrittenIsLeftAlone) {
     EXPECT_TRUE(asnobody([&] {
         shell.answers = {path};
         dumpmacfile();
-        EXPECT_EQ("alert: Couldn't open " + path + " for writing", shell.messages.back());
+        EXPECT_EQ("alert: Couldn't open " + path + " for writing\nPermission denied",
+                  shell.messages.back());
     }));
     EXPECT_EQ("old\n", readfile(path));
 }
@@ -255,7 +377,8 @@ TEST_F(Macrofile, ALinkStaysALinkAndPermissionsStay) {
     EXPECT_TRUE(std::filesystem::is_symlink(link));
     EXPECT_EQ("one\nRU\n", readfile(path));
     EXPECT_EQ(std::filesystem::perms::owner_all, std::filesystem::status(path).permissions());
-    EXPECT_EQ(2, files(home.file("")));
+    EXPECT_EQ("old\n", readfile(path + "~"));
+    EXPECT_EQ(3, files(home.file("")));
 }
 
 TEST_F(Macrofile, AFileInTheFolderOfTheProcessCanBeWritten) {
@@ -279,11 +402,39 @@ TEST_F(Macrofile, ALoadedFileIsRememberedAndOffered) {
     EXPECT_EQ("file: Macro File Name  [" + path + "]", shell.messages.back());
 }
 
-TEST_F(Macrofile, AFileThatCannotBeOpenedIsNotRemembered) {
+TEST_F(Macrofile, AFileThatCannotBeOpenedIsToldAndNotRemembered) {
     lastmacrofilename = "before";
-    shell.answers = {home.file("none")};
-    snarfmacros();
+    makepipe(path);
+
+    const struct {
+        std::string name;
+        const char* reason;
+    } rows[] = {
+        {home.file("none"), "No such file or directory"},
+        {home.file(""),     "Is a directory"           },
+        {path,              "Not a regular file"       },
+    };
+
+    for (const auto& row : rows) {
+        shell.answers = {row.name};
+        snarfmacros();
+        EXPECT_EQ("alert: Couldn't open " + row.name + "\n" + row.reason, shell.messages.back());
+    }
     EXPECT_EQ("before", lastmacrofilename);
     EXPECT_TRUE(preferencecalls.empty());
-    EXPECT_EQ(1U, shell.messages.size());
+}
+
+// What the program does at its start, seen from below.
+TEST_F(Macrofile, LoadingWritesNothing) {
+    writefile(path, "one\nRU\n");
+    bool opened = false;
+    const watchedwork done = watchcalls([&] { return loadmacrofile(path.c_str()) == 1; },
+                                        [&](const systemcall& call) {
+                                            EXPECT_FALSE(call.writes)
+                                                << call.name << " " << call.path;
+                                            opened = opened || call.path == path;
+                                            return 0;
+                                        });
+    EXPECT_TRUE(done.good);
+    EXPECT_TRUE(opened);
 }

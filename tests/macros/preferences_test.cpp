@@ -1,80 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "base/scratch.h"
-#include "macros/library.h"
-#include "macros/macrofile.h"
-#include "macros/preferences.h"
-#include "model/turns.h"
-#include "nullshell.h"
-#include "render/colors.h"
-
-#include <algorithm>
-#include <cstring>
-#include <filesystem>
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
+#include "macros/prefrig.h"
 
 namespace {
 
-namespace fs = std::filesystem;
-using texts = std::vector<std::string>;
-
-constexpr char storename[] = ".fltk/org.vexel/vexel/preferences.prefs";
-
-class Preferences : public testing::Test {
-  protected:
-    void SetUp() override { reset(); }
-
-    // As in a fresh process.
-    static void reset() {
-        resetshell();
-        initlibrary();
-        initturns();
-        std::strcpy(colortable, "WGRBOY");
-        lastmacrofilename.clear();
-    }
-
-    static void readagain() {
-        reset();
-        readprefs();
-    }
-
-    // A store with these lines in our group.
-    void edit(const std::string& lines) const {
-        writefile(store, "; a\n; b\n; c\n\n[.]\n\n\n[./Vexelprefs]\n\n" + lines);
-    }
-
-    std::string content() const { return readfile(store); }
-
-    bool holds(const std::string& line) const {
-        return content().find("\n" + line + "\n") != std::string::npos;
-    }
-
-    // The table as "name|string", with "$" for a mark.
-    static texts table() {
-        texts rows;
-        for (int i = 0; i < maccount; ++i) {
-            rows.push_back(macnames[i] + "|" + (showmac[i] != 0 ? "$" : "") + macstrs[i]);
-        }
-        return rows;
-    }
-
-    // Gives other users these permissions of the folders above the store.
-    void openfolders(fs::perms others) const {
-        for (const char* name : {".fltk", ".fltk/org.vexel", ".fltk/org.vexel/vexel"}) {
-            fs::permissions(home.file(name), fs::perms::owner_all | others);
-        }
-    }
-
-    int leftovers() const {
-        const fs::directory_iterator all(fs::path(store).parent_path());
-        return static_cast<int>(std::ranges::count_if(
-            all, [](const auto& entry) { return entry.path().filename().string()[0] == '.'; }));
-    }
-
-    scratchhome home;
-    std::string store = home.file(storename);
-};
+class Preferences : public preferencestest {};
 
 } // namespace
 
@@ -86,7 +15,7 @@ TEST_F(Preferences, AnEmptyStoreGivesTheStandardSpeedAndNothingElse) {
     EXPECT_STREQ("KSVDPC", colortable);
     EXPECT_EQ("", lastmacrofilename);
     EXPECT_EQ(0, maccount);
-    EXPECT_FALSE(fs::exists(store));
+    EXPECT_FALSE(std::filesystem::exists(store));
 }
 
 TEST_F(Preferences, SettingsAreFoundAgain) {
@@ -207,7 +136,7 @@ TEST_F(Preferences, MarksAreSetAndTakenAwayByName) {
 
 TEST_F(Preferences, TheMarkOfAMacroThatIsNotStoredMakesNoStore) {
     addgizmomac("Flip UF, UL");
-    EXPECT_FALSE(fs::exists(store));
+    EXPECT_FALSE(std::filesystem::exists(store));
 }
 
 TEST_F(Preferences, AllMarksAreDeletedButThoseThatAreZero) {
@@ -268,6 +197,59 @@ TEST_F(Preferences, NamesAndTextsOfAnyKindAreFoundAsGiven) {
     }
 }
 
+TEST_F(Preferences, TheMarkOfTheFirstMacroIsSetAndTakenAwayLikeOthers) {
+    addprefmacro("one", "R");
+    addgizmomac("one");
+    EXPECT_TRUE(holds("gizmo0:1"));
+    deletegizmomac("one");
+    EXPECT_EQ(std::string::npos, content().find("gizmo"));
+    addgizmomac("one");
+    deleteallgizmoprefs();
+    EXPECT_EQ(std::string::npos, content().find("gizmo"));
+    EXPECT_EQ(1, deleteprefmacro("one"));
+    EXPECT_EQ(std::string::npos, content().find("mac0"));
+    EXPECT_EQ(std::string::npos, content().find("val0"));
+}
+
+TEST_F(Preferences, NoMacroHasANumberBelowNought) {
+    edit("mac0:one\ngizmo-1:1\nmac-1:minus\nval-1:R\n");
+    deletegizmomac("none");
+    EXPECT_EQ(0, deleteprefmacro("minus"));
+    EXPECT_TRUE(holds("gizmo-1:1"));
+    EXPECT_TRUE(holds("mac-1:minus"));
+}
+
+TEST_F(Preferences, AMacroThatWillBeReadCutIsToldWithBothLengths) {
+    const struct {
+        std::size_t name, moves;
+        bool told;
+    } rows[] = {
+        {198, 198, false},
+        {199, 198, true },
+        {198, 199, true },
+        {3,   496, true },
+    };
+
+    for (const auto& row : rows) {
+        shell.messages.clear();
+        addprefmacro(std::string(row.name, 'n').c_str(), std::string(row.moves, 'R').c_str());
+        const std::string text =
+            "alert: The next start will read 198 characters of a macro's name and 198 of its "
+            "moves.\nThis name has " +
+            std::to_string(row.name) + ", these moves have " + std::to_string(row.moves) + ".";
+        EXPECT_EQ(row.told ? texts{text} : texts(), shell.messages);
+    }
+}
+
+TEST_F(Preferences, AStoredNameWithALineBreakIsFoundAsItIsRead) {
+    edit("mac0:two\\nlines\nval0:R\n");
+    readagain();
+    EXPECT_EQ((texts{"two lines|R"}), table());
+    EXPECT_EQ(1, isprefmacro("two lines"));
+    EXPECT_EQ(1, deleteprefmacro("two lines"));
+    EXPECT_EQ(0, isprefmacro("two lines"));
+}
+
 TEST_F(Preferences, LongTextsAreStoredWholeAndReadCut) {
     const std::string name(1024, 'n');
     addprefmacro(name.c_str(), std::string(1024, 'R').c_str());
@@ -286,117 +268,4 @@ TEST_F(Preferences, ALongFileNameIsReadCut) {
     writeprefs();
     readagain();
     EXPECT_EQ(std::string(498, 'f'), lastmacrofilename);
-}
-
-TEST_F(Preferences, WhatElseIsInTheStoreStays) {
-    writefile(store, "; a\n; b\n; c\n\n[.]\nroot:1\n[./Other]\nx:\\\\y\n# kept\n"
-                     "[./Vexelprefs]\nmine:z\n[./Vexelprefs/sub]\ndeep:w\n");
-    writeprefs();
-    for (const char* line : {"root:1", "x:\\\\y", "# kept", "mine:z", "deep:w", "speed:120"}) {
-        EXPECT_TRUE(holds(line)) << line;
-    }
-}
-
-TEST_F(Preferences, AStoreOfTenThousandKeysIsReadAndChanged) {
-    std::string lines;
-    for (int i = 0; i < 5000; ++i) {
-        const std::string n = std::to_string(i);
-        lines += "mac" + n + ":m" + n + "\nval" + n + ":R\n";
-    }
-    edit(lines);
-    readagain();
-    EXPECT_EQ(200, maccount);
-    addprefmacro("last", "U");
-    EXPECT_TRUE(holds("mac4999:m4999"));
-    EXPECT_TRUE(holds("mac5000:last"));
-}
-
-TEST_F(Preferences, AStoreTheToolkitWouldStumbleOverIsLeftAlone) {
-    for (const char* lines : {"[oops]\nspeed:7\n", "#c\n+7\n", "speed:7\nmac0:a\\\n"}) {
-        edit(lines);
-        const std::string before = content();
-        readagain();
-        EXPECT_EQ(100, TURNTIME);
-        EXPECT_EQ(0, maccount);
-        EXPECT_EQ(0, isprefmacro("a"));
-        writeprefs();
-        addprefmacro("b", "R");
-        deleteallgizmoprefs();
-        EXPECT_EQ(before, content());
-    }
-}
-
-TEST_F(Preferences, AFullDiskLeavesTheStoreWhole) {
-    addprefmacro("one", std::string(150, 'R').c_str());
-    const std::string before = content();
-    for (const long room : {0L, 1L, 50L, 150L, static_cast<long>(before.size())}) {
-        const fulldisk disk(room);
-        addprefmacro("two", std::string(190, 'U').c_str());
-        addgizmomac("one");
-        EXPECT_EQ(before, content()) << room;
-    }
-    EXPECT_EQ(0, leftovers());
-    readagain();
-    EXPECT_EQ(1, maccount);
-}
-
-TEST_F(Preferences, AHomeThatCannotBeWrittenIsNoReasonToStop) {
-    addprefmacro("one", "R");
-    fs::permissions(store, fs::perms::owner_read | fs::perms::others_read);
-    openfolders(fs::perms::others_read | fs::perms::others_exec);
-    const std::string before = content();
-    EXPECT_TRUE(asnobody([] {
-        readagain();
-        EXPECT_EQ(1, maccount);
-        writeprefs();
-        addprefmacro("two", "U");
-        EXPECT_EQ(0, deleteprefmacro("one"));
-        deleteallgizmoprefs();
-    }));
-    EXPECT_EQ(before, content());
-}
-
-TEST_F(Preferences, AStoreThatCannotBeReadIsNotReplaced) {
-    addprefmacro("one", "R");
-    const std::string before = content();
-    fs::permissions(store, fs::perms::none);
-    openfolders(fs::perms::others_all);
-    EXPECT_TRUE(asnobody([] {
-        readagain();
-        EXPECT_EQ(0, maccount);
-        addprefmacro("two", "U");
-    }));
-    fs::permissions(store, fs::perms::owner_all);
-    EXPECT_EQ(before, content());
-}
-
-TEST_F(Preferences, WithoutAHomeThereIsNoStore) {
-    const std::string old = std::getenv("HOME");
-    for (const std::string& place :
-         {std::string(), std::string("/dev/null"), old + "/file", std::string(2000, 'h')}) {
-        writefile(old + "/file", "x");
-        setenv("HOME", place.c_str(), 1);
-        readagain();
-        writeprefs();
-        addprefmacro("one", "R");
-        EXPECT_EQ(0, isprefmacro("one"));
-        EXPECT_EQ(100, TURNTIME);
-    }
-    unsetenv("HOME");
-    readagain();
-    addprefmacro("one", "R");
-    EXPECT_EQ(0, isprefmacro("one"));
-    setenv("HOME", old.c_str(), 1);
-    EXPECT_FALSE(fs::exists(store));
-}
-
-TEST_F(Preferences, AStoreBehindALinkStaysThere) {
-    writefile(home.file("dots/real"), "; a\n; b\n; c\n\n[./Vexelprefs]\nspeed:7\n");
-    fs::create_directories(fs::path(store).parent_path());
-    fs::create_symlink(home.file("dots/real"), store);
-    addprefmacro("one", "R");
-    EXPECT_TRUE(fs::is_symlink(store));
-    readagain();
-    EXPECT_EQ(7, TURNTIME);
-    EXPECT_EQ(1, maccount);
 }

@@ -327,14 +327,16 @@ TEST_F(Eps, ColorBeyondThePaletteWritesNoLine) {
 TEST_F(Eps, FileThatCannotBeOpenedIsTold) {
     const std::string nowhere = home.file("100%s/cube.eps");
     print(nowhere);
-    EXPECT_EQ(shell.messages.back(), "alert: Couldn't open " + nowhere + " for writing.");
+    EXPECT_EQ(shell.messages.back(),
+              "alert: Couldn't open " + nowhere + " for writing.\nNo such file or directory");
     EXPECT_EQ(files(), 0);
 }
 
 TEST_F(Eps, FullDiskIsToldAndLeavesNoHalfFile) {
     const fulldisk disk(3000);
     printed();
-    EXPECT_EQ(shell.messages.back(), "alert: Couldn't open " + path + " for writing.");
+    EXPECT_EQ(shell.messages.back(),
+              "alert: Couldn't open " + path + " for writing.\nFile too large");
     EXPECT_EQ(files(), 0);
 }
 
@@ -342,14 +344,28 @@ TEST_F(Eps, FullDiskLeavesTheOldFile) {
     writefile(path, "the old picture");
     const fulldisk disk(3000);
     EXPECT_EQ(printed(), "the old picture");
-    EXPECT_EQ(shell.messages.back(), "alert: Couldn't open " + path + " for writing.");
+    EXPECT_EQ(shell.messages.back(),
+              "alert: Couldn't open " + path + " for writing.\nFile too large");
     EXPECT_EQ(files(), 1);
 }
 
 TEST_F(Eps, FullDeviceIsTold) {
-    shell.answers = {"/dev/full"};
+    if (!makedevice(path, "full")) {
+        GTEST_SKIP() << "no devices for this user";
+    }
+    shell.answers = {path};
     printeps();
-    EXPECT_EQ(shell.messages.back(), "alert: Couldn't open /dev/full for writing.");
+    EXPECT_EQ(shell.messages.back(),
+              "alert: Couldn't open " + path + " for writing.\nNo space left on device");
+}
+
+TEST_F(Eps, WhatWasThereIsKeptUnlessThisRunPrintedIt) {
+    writefile(path, "a thesis");
+    printed();
+    applyturn(0);
+    printed();
+    EXPECT_EQ(readfile(path + "~"), "a thesis");
+    EXPECT_EQ(files(), 2);
 }
 
 struct pixel {

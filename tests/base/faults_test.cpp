@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+//
+// Every system call of a save, and of a change of a store, fails in turn or is the last before a
+// kill. What is told must be true: the new content is there, or the old one is.
+#include "base/replacefile.h"
+#include "base/safestore.h"
+#include "base/savefile.h"
+#include "base/scratch.h"
+#include "base/syscalls.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <filesystem>
+#include <functional>
+#include <gtest/gtest.h>
+#include <string>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::string oldtext(5000, 'o');
+const std::string newtext(20000, 'n');
+
+// Whether a signal can break off the call.
+bool waits(const std::string& call) {
+    constexpr const char* all[] = {"open",  "openat", "read",      "write",
+                                   "fsync", "flock",  "ftruncate", "fallocate"};
+    return std::ranges::find(all, call) != std::end(all);
+}
+
+class Faults : public testing::Test {
+  protected:
+    // Runs the work once with each of its calls failing with each error, from a fresh folder each
+    // time. Returns how many calls it makes.
+    int faileach(const std::function<void()>& prepare, const std::function<bool()>& work,
+                 const std::string& before) {
+        int calls = 0;
+        for (const int error : {ENOSPC, EIO, EACCES, EINTR, killed}) {
+            bool reached = true;
+            for (int n = 0; reached; ++n) {
+                fresh(prepare);
+                std::string name;
+                int at = 0;
+                const watchedwork done = watchcalls(work, [&](const systemcall& call) {
+                    name = at == n ? call.name + " " + call.path : name;
+                    return at++ == n ? error : 0;
+                });
+                reached = n < at;
+                calls = n;
+                SCOPED_TRACE("call " + std::to_string(n) + ", " + name + ", error " +
+                             std::to_string(error));
+                expectwhole(done, before);
+                if (error == EINTR && reached && waits(name.substr(0, name.find(' ')))) {
+                    EXPECT_TRUE(done.good) << "a signal is no reason to fail";
+                }
+            }
+        }
+        return calls;
+    }
+
+    void fresh(const std::function<void()>& prepare) const {
+        fs::remove_all(home.file("d"));
+        fs::create_directory(home.file("d"));
+        prepare();
+    }
+
+    void expectwhole(const watchedwork& done, const std::string& before) const {
+        const std::string now = readfile(path);
+        if (!done.ended) {
+            EXPECT_TRUE(now == before || now == newtext) << now.size() << " bytes";
+        } else {
+            EXPECT_TRUE(now == (done.good ? newtext : before)) << now.size() << " bytes";
+        }
+        if (keeps && now == newtext) {
+            EXPECT_TRUE(before == readfile(path + "~"));
+        }
+    }
+
+    scratchhome home;
+    std::string path = home.file("d/x");
+    bool keeps = false;
+};
+
+} // namespace
+
+TEST_F(Faults, ANewFileIsWholeOrNotThere) {
+    EXPECT_GT(faileach([] {}, [&] { return replacefile(path, newtext) == 0; }, ""), 5);
+}
+
+TEST_F(Faults, AReplacedFileIsOldOrNew) {
+    EXPECT_GT(faileach([&] { writefile(path, oldtext); },
+                       [&] { return replacefile(path, newtext) == 0; }, oldtext),
+              5);
+}
+
+TEST_F(Faults, ASavedFileIsOldOrNewAndWhatWasThereIsKept) {
+    keeps = true;
+    const auto save = [&] {
+        return savefile(path, [](std::FILE* file) { std::fputs(newtext.c_str(), file); }).empty();
+    };
+    EXPECT_GT(faileach([&] { writefile(path, oldtext); }, save, oldtext), 5);
+}
+
+TEST_F(Faults, AStoreIsOldOrNew) {
+    const auto change = [&] {
+        return changestore(path,
+                           [](std::string& content, const std::string&) {
+                               content = newtext;
+                               return "";
+                           })
+            .empty();
+    };
+    EXPECT_GT(faileach([&] { writefile(path, oldtext); }, change, oldtext), 10);
+    EXPECT_GT(faileach([] {}, change, ""), 10);
+}
