@@ -6,6 +6,7 @@
 // talk about "the third scramble".
 #include "app/driver.h"
 #include "app/mainwindow.h"
+#include "app/messages.h"
 #include "app/ownrandom.h"
 #include "app/toolkitstore.h"
 #include "macros/macrofile.h"
@@ -89,6 +90,7 @@ int main(int argc, char** argv) {
     initcubies();
     makeform("Vexel's Cube Simulator");
     form->xclass("Vexel");
+    holdalerts();
     readprefs();
     if (argc == 2) {
         loadmacrofile(argv[1]); // one that cannot be read is passed over
@@ -101,5 +103,6 @@ int main(int argc, char** argv) {
     askforkeyboard();
     cube->take_focus();
     Fl::add_idle(IdleFunc, nullptr);
+    tellheldalerts();
     return Fl::run();
 }

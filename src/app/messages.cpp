@@ -18,6 +18,8 @@
 
 #include <cstdio>
 #include <string>
+#include <utility>
+#include <vector>
 
 constinit int displayorder = 1;
 
@@ -25,6 +27,11 @@ constinit Fl_Window* messagewindow = nullptr;
 constinit char smessage[200] = {};
 
 namespace {
+
+// State
+
+constinit bool holding = false;      // whether alerts wait
+std::vector<std::string> heldalerts; // that do
 
 std::string label(const char* text) {
     return boxlabel(text == nullptr ? "" : text);
@@ -52,7 +59,22 @@ void displaystring(const char* text) {
     }
 }
 
+void holdalerts() {
+    holding = true;
+}
+
+void tellheldalerts() {
+    holding = false;
+    for (const std::string& text : std::exchange(heldalerts, {})) {
+        showalert(text.c_str());
+    }
+}
+
 void showalert(const char* text) {
+    if (holding) {
+        heldalerts.emplace_back(text);
+        return;
+    }
     const interlude box;
     fl_alert("%s", label(text).c_str());
 }

@@ -2,7 +2,7 @@
 //
 // messages: the boxes in which the program speaks and asks.
 //
-// State     displayorder, messagewindow, smessage, below.
+// State     displayorder, messagewindow, smessage, below; the alerts that wait.
 // Texts     are shown letter for letter, whatever they hold; shell.h's messages and questions are
 //           defined here.
 // Callers   every command with something to say.
@@ -20,6 +20,12 @@ extern char smessage[200];       // its text, ended by a NUL
 // not used, the panel stays until it is hidden.
 void showmessagewindow(const char* text, double seconds);
 void hidemessagewindow();
+
+// Before the main window stands a box would be all there is of the program: from holdalerts on,
+// alerts wait, and tellheldalerts shows them, one after the other, and those that come later at
+// once.
+void holdalerts();
+void tellheldalerts();
 
 // Commands that are no more than a box or two
 

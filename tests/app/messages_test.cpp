@@ -75,6 +75,14 @@ TEST_F(Messages, TextsAreShownLetterForLetter) {
     EXPECT_EQ(shownby([] { showalert(std::string(5000, 'y').c_str()); }), std::string(5000, 'y'));
 }
 
+TEST_F(Messages, AlertsThatAreHeldAreToldLaterAndOnce) {
+    holdalerts();
+    showalert("held"); // would wait for an answer that nobody gives
+    EXPECT_EQ(shownby(tellheldalerts), "held");
+    EXPECT_EQ(boxesof(tellheldalerts), 0);
+    EXPECT_EQ(shownby([] { showalert("not held"); }), "not held");
+}
+
 TEST_F(Messages, SilencedInformationIsDropped) {
     displayorder = 0;
     displaystring("order = 4"); // would wait for an answer that nobody gives

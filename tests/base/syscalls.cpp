@@ -80,11 +80,15 @@ constexpr call_row call_table[] = {
 };
 
 // The filter, as the number of the listener: asks about the calls of the table, lets all others be.
-int installfilter() {
+int installfilter(watchedcalls calls) {
     std::vector<sock_filter> program = {
         BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
     };
     for (const call_row& row : call_table) {
+        const bool opens = std::string(row.name).starts_with("open");
+        if (calls == watchedcalls::writing && !row.writes && !opens) {
+            continue;
+        }
         const auto number = static_cast<unsigned>(row.number);
         program.push_back(BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, number, 0, 1));
         program.push_back(BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_USER_NOTIF));
@@ -201,8 +205,8 @@ callwatch::~callwatch() {
     }
 }
 
-void callwatch::handover() {
-    const int listener = installfilter();
+void callwatch::handover(watchedcalls calls) {
+    const int listener = installfilter(calls);
     senddescriptor(ends[1], listener);
     // Not by close, which would be asked about. Without a listener left nobody waits for an answer.
     syscall(SYS_close_range, listener, listener, 0);
@@ -221,7 +225,7 @@ watchedwork watchcalls(const std::function<bool()>& work, const callverdict& jud
     callwatch watch;
     const pid_t child = fork();
     if (child == 0) {
-        watch.handover();
+        watch.handover(watchedcalls::all);
         _exit(work() ? 0 : 1);
     }
     watch.judge(judge);

@@ -31,6 +31,9 @@ struct watchedwork {
 
 watchedwork watchcalls(const std::function<bool()>& work, const callverdict& judge);
 
+// Which calls are asked about: only those that may write, for a program that makes many.
+enum class watchedcalls { all, writing };
+
 // The two halves, for work that is another program: the calls of the process that becomes it are
 // judged by a process of their own. Order: prepare, fork; the one hands over, the other judges.
 class callwatch {
@@ -40,7 +43,7 @@ class callwatch {
     callwatch(const callwatch&) = delete;
     callwatch& operator=(const callwatch&) = delete;
 
-    void handover();                      // in the process to be watched, from now on
+    void handover(watchedcalls calls);    // in the process to be watched, from now on
     void judge(const callverdict& judge); // in the other; until nobody is left to be watched
 
   private:
