@@ -46,6 +46,34 @@ constexpr cubie_row cubie_table[cubiecount] = {
     {4, {{X, -3, -3, -1, 16}, {Y, -3, -3, -1, 48}, {Z, -3, -3,  1, -1}, {Z, -3, -3, -1, -1}}}, // DL
 };
 
+// The same rows by name.
+void drawF()   { drawcubie(cubie::F); }
+void drawB()   { drawcubie(cubie::B); }
+void drawR()   { drawcubie(cubie::R); }
+void drawL()   { drawcubie(cubie::L); }
+void drawU()   { drawcubie(cubie::U); }
+void drawD()   { drawcubie(cubie::D); }
+void drawUFL() { drawcubie(cubie::UFL); }
+void drawUFR() { drawcubie(cubie::UFR); }
+void drawUBL() { drawcubie(cubie::UBL); }
+void drawUBR() { drawcubie(cubie::UBR); }
+void drawDFR() { drawcubie(cubie::DFR); }
+void drawDFL() { drawcubie(cubie::DFL); }
+void drawDBL() { drawcubie(cubie::DBL); }
+void drawDBR() { drawcubie(cubie::DBR); }
+void drawUF()  { drawcubie(cubie::UF); }
+void drawUB()  { drawcubie(cubie::UB); }
+void drawUR()  { drawcubie(cubie::UR); }
+void drawUL()  { drawcubie(cubie::UL); }
+void drawRF()  { drawcubie(cubie::RF); }
+void drawLF()  { drawcubie(cubie::LF); }
+void drawRB()  { drawcubie(cubie::RB); }
+void drawLB()  { drawcubie(cubie::LB); }
+void drawDF()  { drawcubie(cubie::DF); }
+void drawDB()  { drawcubie(cubie::DB); }
+void drawDR()  { drawcubie(cubie::DR); }
+void drawDL()  { drawcubie(cubie::DL); }
+
 // clang-format on
 
 namespace {
@@ -160,34 +188,3 @@ void drawcubie(cubie c) {
         s.emit(s.x, s.y, s.z, s.key);
     }
 }
-
-// ORDER DRAWN
-// clang-format off
-void drawF()   { drawcubie(cubie::F); }
-void drawB()   { drawcubie(cubie::B); }
-void drawR()   { drawcubie(cubie::R); }
-void drawL()   { drawcubie(cubie::L); }
-void drawU()   { drawcubie(cubie::U); }
-void drawD()   { drawcubie(cubie::D); }
-void drawUFL() { drawcubie(cubie::UFL); }
-void drawUFR() { drawcubie(cubie::UFR); }
-void drawUBL() { drawcubie(cubie::UBL); }
-void drawUBR() { drawcubie(cubie::UBR); }
-void drawDFR() { drawcubie(cubie::DFR); }
-void drawDFL() { drawcubie(cubie::DFL); }
-void drawDBL() { drawcubie(cubie::DBL); }
-void drawDBR() { drawcubie(cubie::DBR); }
-void drawUF()  { drawcubie(cubie::UF); }
-void drawUB()  { drawcubie(cubie::UB); }
-void drawUR()  { drawcubie(cubie::UR); }
-void drawUL()  { drawcubie(cubie::UL); }
-void drawRF()  { drawcubie(cubie::RF); }
-void drawLF()  { drawcubie(cubie::LF); }
-void drawRB()  { drawcubie(cubie::RB); }
-void drawLB()  { drawcubie(cubie::LB); }
-void drawDF()  { drawcubie(cubie::DF); }
-void drawDB()  { drawcubie(cubie::DB); }
-void drawDR()  { drawcubie(cubie::DR); }
-void drawDL()  { drawcubie(cubie::DL); }
-
-// clang-format on
