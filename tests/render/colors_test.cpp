@@ -109,6 +109,8 @@ TEST_F(Colors, AnyOtherCharacterLeavesTheColorBefore) {
 
 TEST_F(Colors, ValidColorsKeepTheirOrder) {
     EXPECT_STREQ(validcolors, "WGRBYOKSVDPCX");
+    EXPECT_EQ(sizeof validcolors, 14U);
+    EXPECT_EQ(sizeof colortable, 7U);
     for (int i = 0; i < validcolorcount; i++) {
         EXPECT_EQ(findletter(validcolors[i]), &letter_table[i]);
     }
@@ -117,6 +119,11 @@ TEST_F(Colors, ValidColorsKeepTheirOrder) {
 TEST_F(Colors, PlaceOutsideTheCubeIsAnAssertion) {
     EXPECT_DEATH(setfacecolor(54), "key");
     EXPECT_DEATH(setfacecolor(-2), "key");
+}
+
+TEST_F(Colors, ColorBeyondTheSixIsAnAssertion) {
+    cubecolors[0] = 6; // the terminating NUL of the table
+    EXPECT_DEATH(setfacecolor(0), "cubecolors");
 }
 
 } // namespace
