@@ -11,5 +11,6 @@
 #pragma once
 
 // Asks for large pages for all static data that begins as zeros, of which the tables are nearly
-// everything. A hint, which the system may pass over; nothing else changes.
+// everything. A hint, which the system may pass over; nothing else changes. Elsewhere than on Linux
+// it does nothing.
 void ask_for_large_pages();
