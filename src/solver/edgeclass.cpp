@@ -4,8 +4,14 @@
 #include "solver/pruning.h"
 
 #include <algorithm>
+#include <cassert>
+#include <numeric>
 
 namespace {
+
+// State
+
+std::uint16_t class_by_least[edge_class_count]; // the classes in order of their representatives
 
 void find_corner_steps() {
     for (int t = 0; t < a_twist_count; t++)
@@ -13,13 +19,29 @@ void find_corner_steps() {
             a_corner_steps[x].after[t] = static_cast<std::uint16_t>(twist_on_corner_ptrs[t][x]);
 }
 
-void find_class_steps(const std::vector<class_place>& of) {
+// The classes in order of their distances, so that those near the goal lie close together.
+std::vector<std::uint16_t> order_classes(const symmetry_classes& classes) {
+    std::vector<std::uint16_t> order(edge_class_count);
+    std::iota(order.begin(), order.end(), std::uint16_t{0});
+    const auto distance = [&](std::size_t number) {
+        return eflip_eloc_dist_table[static_cast<std::size_t>(classes.representatives[number])];
+    };
+    std::stable_sort(order.begin(), order.end(),
+                     [&](std::uint16_t a, std::uint16_t b) { return distance(a) < distance(b); });
+    return order;
+}
+
+void find_class_steps(const std::vector<classified>& of) {
     for (int c = 0; c < edge_class_count; c++) {
         const int eflip = edge_class_edges[c] / a_eloc_size;
         const int eloc = edge_class_edges[c] % a_eloc_size;
         for (int t = 0; t < a_twist_count; t++) {
-            const int x = twist_on_eflip_ptrs[t][eflip] * a_eloc_size + twist_on_eloc_ptrs[t][eloc];
-            edge_class_steps[c][t] = {of[x].number, of[x].symmetry, eflip_eloc_dist_table[x]};
+            const auto x = static_cast<std::size_t>(twist_on_eflip_ptrs[t][eflip] * a_eloc_size +
+                                                    twist_on_eloc_ptrs[t][eloc]);
+            assert(eflip_eloc_dist_table[x] < 16);
+            edge_class_steps[c].edge_class[t] = class_by_least[of[x].number];
+            edge_class_steps[c].rest[t] = static_cast<std::uint8_t>(
+                of[x].symmetry + symmetry_count * eflip_eloc_dist_table[x]);
         }
     }
 }
@@ -28,7 +50,7 @@ void find_class_steps(const std::vector<class_place>& of) {
 
 constinit int edge_class_edges[edge_class_count] = {};
 constinit std::uint16_t edge_class_stabilizer[edge_class_count] = {};
-constinit class_step edge_class_steps[edge_class_count][a_twist_count] = {};
+constinit edge_class_row edge_class_steps[edge_class_count] = {};
 constinit corner_steps a_corner_steps[a_corner_size] = {};
 
 int symmetry_on_edges(int symmetry, int a_edges) {
@@ -37,7 +59,7 @@ int symmetry_on_edges(int symmetry, int a_edges) {
            symmetry_on_eloc[eloc][symmetry];
 }
 
-class_step classify_edges(int a_edges) {
+classified_edges classify_edges(int a_edges) {
     int least = a_edges;
     int symmetry = 0;
     for (int s = 1; s < symmetry_count; s++) {
@@ -47,17 +69,27 @@ class_step classify_edges(int a_edges) {
             symmetry = s;
         }
     }
-    const int* const found =
-        std::lower_bound(edge_class_edges, edge_class_edges + edge_class_count, least);
-    return {static_cast<std::uint16_t>(found - edge_class_edges),
-            static_cast<std::uint8_t>(symmetry), 0};
+    const std::uint16_t* const found =
+        std::lower_bound(class_by_least, class_by_least + edge_class_count, least,
+                         [](std::uint16_t c, int wanted) { return edge_class_edges[c] < wanted; });
+    return {*found, static_cast<std::uint8_t>(symmetry), eflip_eloc_dist_table[a_edges]};
 }
 
 void edge_classes_init() {
+    if (edge_class_edges[0] != 0) {
+        return;
+    }
+    symmetry_tables_init();
+    assert(metric == quarter_turn_metric);
     find_corner_steps();
     const symmetry_classes classes = sort_into_classes(
         a_edges_size, all_symmetries, [](int s, int x) { return symmetry_on_edges(s, x); });
-    std::copy(classes.representatives.begin(), classes.representatives.end(), edge_class_edges);
-    std::copy(classes.stabilizer.begin(), classes.stabilizer.end(), edge_class_stabilizer);
+    assert(classes.representatives.size() == edge_class_count);
+    const std::vector<std::uint16_t> order = order_classes(classes);
+    for (std::size_t c = 0; c < edge_class_count; c++) {
+        edge_class_edges[c] = classes.representatives[order[c]];
+        edge_class_stabilizer[c] = classes.stabilizer[order[c]];
+        class_by_least[order[c]] = static_cast<std::uint16_t>(c);
+    }
     find_class_steps(classes.of);
 }

@@ -11,7 +11,7 @@
 // where 11 are left.
 //
 // State     the tables, zeros at first, and the radius up to which the sieves are filled.
-// Memory    2.8 MB of move tables and images; sieves of 0.6 MB up to radius 12, 4 MB more for 14.
+// Memory    2.8 MB of move tables and images; sieves of 0.4 MB up to radius 12, 2 MB more for 14.
 // Units     a state is seen by the symmetry that takes its cornerperm to the representative.
 // Callers   search; solver fills the sieves up to 12.
 // Order     near2_tables_init after symmetry_perm_tables_init, then near2_extend.
@@ -31,28 +31,29 @@ struct alignas(32) b_steps {
 extern b_steps b_corner_steps[cornerperm_size];
 extern b_steps b_edge_steps[b_edgeperm_size];
 
-void near2_tables_init();
+void near2_tables_init(); // does nothing when it is done
 
 extern const std::array<sieve, near2_greatest / 2 + 1> near2_sieves; // by half the radius
 extern int near2_radius; // filled up to this; -2 at first
 
 // Fills the sieves up to a radius, near2_ordinary or near2_greatest; does nothing if they are. 12
-// takes 10 ms, 14 takes 0.15 s.
-void near2_extend(int radius);
+// takes 10 ms, 14 takes 0.1 s and asks for Alt+Q now and then: false if it was pressed, and the
+// radius stays as it was.
+[[nodiscard]] bool near2_extend(int radius);
 
 // A state as a number, the same for all that the symmetries make of it: below 2^32. Where a
 // representative is kept by several symmetries a state has several numbers, and all are members.
-inline std::uint32_t near2_number(int cornerperm, int edgeperm, int midperm) {
-    const class_place place = classes_of_cornerperm.of[static_cast<std::size_t>(cornerperm)];
-    const std::uint32_t corners = place.number;
-    return (corners * b_midperm_size + symmetry_on_midperm[midperm][place.symmetry]) *
+inline std::uint32_t near2_number(classified corners, int edgeperm, int midperm) {
+    return (std::uint32_t{corners.number} * b_midperm_size +
+            symmetry_on_midperm[midperm][corners.symmetry]) *
                b_edgeperm_size +
-           symmetry_on_edgeperm[edgeperm][place.symmetry];
+           symmetry_on_edgeperm[edgeperm][corners.symmetry];
 }
 
 // false if the state is certainly more than distance quarter turns from solved. distance is 0 or
 // more, and even if and only if the state's distance is.
-inline bool near2_within(int cornerperm, int edgeperm, int midperm, int distance) {
+inline bool near2_within(classified corners, int edgeperm, int midperm, int distance) {
     return distance > near2_radius ||
-           sieve_has(near2_sieves[(distance + 1) / 2], near2_number(cornerperm, edgeperm, midperm));
+           sieve_has(near2_sieves[static_cast<std::size_t>(distance + 1) / 2],
+                     near2_number(corners, edgeperm, midperm));
 }

@@ -35,7 +35,7 @@ template <typename image_function, typename x_entry, typename y_entry> class cla
 
     // Layers, from the goal outwards. Row by row, so that what a twist writes to lies in one row.
     void run(int goal_x, int goal_y) {
-        const class_place goal = classes.of[static_cast<std::size_t>(goal_x)];
+        const classified goal = classes.of[static_cast<std::size_t>(goal_x)];
         left = static_cast<int>(cells.size());
         enter(row_of(goal.number)[image(goal.symmetry, goal_x, goal_y)], 0);
         const int rows = static_cast<int>(classes.representatives.size());
@@ -54,7 +54,7 @@ template <typename image_function, typename x_entry, typename y_entry> class cla
     // Writes the least cost of every (x, y) to table[x * x_stride + y * y_stride].
     template <typename entry> void copy(entry* table, int x_stride, int y_stride) const {
         for (int x = 0; x < static_cast<int>(classes.of.size()); x++) {
-            const class_place place = classes.of[static_cast<std::size_t>(x)];
+            const classified place = classes.of[static_cast<std::size_t>(x)];
             const std::uint8_t* const row = cells.data() + place.number * y_size;
             for (int y = 0; y < y_size; y++)
                 table[x * x_stride + y * y_stride] = row[image(place.symmetry, x, y)];
@@ -86,7 +86,7 @@ template <typename image_function, typename x_entry, typename y_entry> class cla
         // A twist takes all of them into one row.
         for (const int t : twists) {
             const int x_after = x_moves[t][x];
-            const class_place to = classes.of[static_cast<std::size_t>(x_after)];
+            const classified to = classes.of[static_cast<std::size_t>(x_after)];
             std::uint8_t* const to_row = row_of(to.number);
             for (int i = 0; i < count; i++) {
                 const int y_after = y_moves[t][found[static_cast<std::size_t>(i)]];
@@ -108,7 +108,7 @@ template <typename image_function, typename x_entry, typename y_entry> class cla
     bool has_neighbour(int x, int y, int d) {
         for (const int t : twists) {
             const int x_after = x_moves[t][x];
-            const class_place to = classes.of[static_cast<std::size_t>(x_after)];
+            const classified to = classes.of[static_cast<std::size_t>(x_after)];
             if (row_of(to.number)[image(to.symmetry, x_after, y_moves[t][y])] == d - lengths[t])
                 return true;
         }

@@ -2,13 +2,14 @@
 //
 // sieve: a set of numbers that may answer "perhaps" for "no", but never "no" for "yes".
 //
-// It keeps two bits of one 64-bit word for each member, both and the word chosen by the number
-// (Bloom's filter, kept within a word so that a question costs one cache miss). With 32 bits of
-// room a member, about one stranger in 150 passes. A search may use one to cut branches off: what
-// is cut off is certainly no member, and a stranger that passes costs time and no answer.
+// It keeps three bits of one 64-bit word for each member, they and the word chosen by the number
+// (Bloom's filter, kept within a word so that a question costs one cache miss). With 16 bits of
+// room a member, about one stranger in 100 passes. A search may use one to cut branches off: what
+// is cut off is certainly no member, and a stranger that passes costs time and no answer. It must
+// not be used where a "yes" is believed: an end of the search is a comparison of full numbers.
 //
 // State     none here; the words belong to the caller and must be zeros at first.
-// Callers   near1, near2.
+// Callers   near2.
 #pragma once
 
 #include <array>
@@ -40,21 +41,22 @@ constexpr std::array<sieve, count> sieves_in(std::uint64_t* words, const int (&l
 }
 
 // The member's bits, and in which word they are.
-struct sieve_place {
+struct sieve_bits {
     std::uint64_t bits;
     std::uint64_t* word;
 };
 
-inline sieve_place sieve_find(const sieve& s, std::uint64_t number) {
+inline sieve_bits sieve_find(const sieve& s, std::uint64_t number) {
     const std::uint64_t hash = number * 0x9E3779B97F4A7C15u; // 2^64 over the golden ratio
-    const std::uint64_t bits = std::uint64_t{1} << (hash >> 28 & 63) | std::uint64_t{1}
-                                                                           << (hash >> 34 & 63);
+    const std::uint64_t bits = std::uint64_t{1} << (hash >> 22 & 63) |
+                               std::uint64_t{1} << (hash >> 28 & 63) |
+                               std::uint64_t{1} << (hash >> 34 & 63);
     return {bits, s.words + (hash >> (64 - s.log_words))};
 }
 
 inline void sieve_add(const sieve& s, std::uint64_t number) {
-    const sieve_place place = sieve_find(s, number);
-    *place.word |= place.bits;
+    const sieve_bits member = sieve_find(s, number);
+    *member.word |= member.bits;
 }
 
 // Adds many members faster than one by one: their words are far apart in memory, so each is fetched
@@ -67,26 +69,26 @@ class sieve_filler {
     sieve_filler& operator=(const sieve_filler&) = delete;
 
     ~sieve_filler() {
-        for (const sieve_place& place : waiting)
-            *place.word |= place.bits;
+        for (const sieve_bits& member : waiting)
+            *member.word |= member.bits;
     }
 
     void add(std::uint64_t number) {
-        sieve_place& place = waiting[next++ % waiting.size()];
-        *place.word |= place.bits;
-        place = sieve_find(s, number);
-        __builtin_prefetch(place.word, 1);
+        sieve_bits& member = waiting[next++ % waiting.size()];
+        *member.word |= member.bits;
+        member = sieve_find(s, number);
+        __builtin_prefetch(member.word, 1);
     }
 
   private:
     sieve s;
     unsigned next = 0;
     std::uint64_t nothing = 0;
-    std::array<sieve_place, 32> waiting;
+    std::array<sieve_bits, 32> waiting;
 };
 
 // true for every member, and for few others
 inline bool sieve_has(const sieve& s, std::uint64_t number) {
-    const sieve_place place = sieve_find(s, number);
-    return (*place.word & place.bits) == place.bits;
+    const sieve_bits member = sieve_find(s, number);
+    return (*member.word & member.bits) == member.bits;
 }

@@ -2,9 +2,8 @@
 #include "solver/solver.h"
 
 #include "solver/edgeclass.h"
+#include "solver/growth.h"
 #include "solver/largepages.h"
-#include "solver/near1.h"
-#include "solver/near2.h"
 #include "solver/pruning.h"
 #include "solver/search.h"
 
@@ -12,18 +11,16 @@
 
 namespace {
 
+// Two of the steps also build what the searches need beside the described tables.
+
 void distances_of_stage1_edges() {
     a_eflip_eloc_dist_init(eflip_eloc_dist_table, eflip_eloc_dist_ptrs);
-    // All that stage 1 needs beside the described tables.
     edge_classes_init();
-    near1_extend(near1_initial);
 }
 
 void distances_of_stage2_edges() {
     b_mid_edgeperm_dist_init(mid_edgeperm_dist_table, mid_edgeperm_dist_ptrs);
-    // And stage 2.
-    near2_tables_init();
-    near2_extend(near2_ordinary);
+    search_tables_init();
 }
 
 void first_options() {

@@ -79,6 +79,18 @@ void find_twist_images() {
         }
 }
 
+void find_images_of_twist_sets() {
+    constexpr int part_twists = 6;
+    for (int s = 0; s < symmetry_count; s++) {
+        for (int t = 0; t < a_twist_count; t++) {
+            for (unsigned set = 0; set < 1u << part_twists; set++) {
+                const unsigned there = set >> t % part_twists & 1;
+                symmetry_on_faces[s][t / part_twists][set] |= there << symmetry_on_twist[s][t];
+            }
+        }
+    }
+}
+
 void find_products() {
     for (int b = 0; b < symmetry_count; b++)
         for (int a = 0; a < symmetry_count; a++)
@@ -179,6 +191,7 @@ void find_midperm_images() {
 constinit std::uint8_t inverse_symmetry[symmetry_count] = {};
 constinit std::uint8_t symmetry_on_symmetry[symmetry_count][symmetry_count] = {};
 constinit std::uint8_t symmetry_on_twist[symmetry_count][a_twist_count] = {};
+constinit std::uint32_t symmetry_on_faces[symmetry_count][3][64] = {};
 constinit std::uint16_t symmetry_on_corner[a_corner_size][symmetry_count] = {};
 constinit std::uint16_t symmetry_on_eloc[a_eloc_size][symmetry_count] = {};
 constinit std::uint16_t symmetry_on_flips[symmetry_count][a_eflip_size] = {};
@@ -193,6 +206,7 @@ void symmetry_tables_init() {
     find_face_images();
     find_position_images();
     find_twist_images();
+    find_images_of_twist_sets();
     find_products();
     find_corner_images();
     find_edge_images();

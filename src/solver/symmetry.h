@@ -35,10 +35,17 @@ void symmetry_perm_tables_init(); // permutations as well
 extern std::uint8_t inverse_symmetry[symmetry_count];
 extern std::uint8_t symmetry_on_symmetry[symmetry_count][symmetry_count]; // [b][a]: first a, then b
 extern std::uint8_t symmetry_on_twist[symmetry_count][a_twist_count];     // ORDER TWIST
+extern std::uint32_t symmetry_on_faces[symmetry_count][3][64];            // by symmetry_on_twists
 extern std::uint16_t symmetry_on_corner[a_corner_size][symmetry_count];
 extern std::uint16_t symmetry_on_eloc[a_eloc_size][symmetry_count];
 extern std::uint16_t symmetry_on_edgeperm[b_edgeperm_size][symmetry_count]; // 1.3 MB
 extern std::uint8_t symmetry_on_midperm[b_midperm_size][symmetry_count];
+
+// Of a set of twists, a mask with bit t for twist t.
+inline std::uint32_t symmetry_on_twists(int symmetry, std::uint32_t twists) {
+    const auto& images = symmetry_on_faces[symmetry]; // of two faces each
+    return images[0][twists & 63] | images[1][twists >> 6 & 63] | images[2][twists >> 12 & 63];
+}
 
 // Of an a_eflip, first as it is, then which flips change with that. Flipped or not is defined by
 // the F and B faces; seen with L and R in their place, exactly the edges that stand in the slice
@@ -52,7 +59,7 @@ inline int symmetry_on_eflip(int symmetry, int eloc, int eflip) {
 
 // Classes of a coordinate, numbered in the order of their least values, the representatives.
 
-struct class_place {
+struct classified {
     std::uint16_t number;  // of the class
     std::uint8_t symmetry; // takes the value to the representative
 };
@@ -60,16 +67,20 @@ struct class_place {
 struct symmetry_classes {
     std::vector<int> representatives;      // by class
     std::vector<std::uint16_t> stabilizer; // by class: the symmetries that keep the representative
-    std::vector<class_place> of;           // by value
+    std::vector<classified> of;            // by value
 };
 
 extern symmetry_classes classes_of_cornerperm; // 2768
+
+inline classified class_of_cornerperm(int cornerperm) {
+    return classes_of_cornerperm.of[static_cast<std::size_t>(cornerperm)];
+}
 
 // Sorts 0..size-1 into classes by some symmetries, a mask closed under products. image(s, x) is
 // what symmetry s makes of x.
 template <typename image_function>
 symmetry_classes sort_into_classes(int size, unsigned symmetries, image_function image) {
-    constexpr class_place nowhere = {0, symmetry_count};
+    constexpr classified nowhere = {0, symmetry_count};
     symmetry_classes sorted;
     sorted.of.assign(static_cast<std::size_t>(size), nowhere);
     for (int x = 0; x < size; x++) {

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <bit>
 #include <gtest/gtest.h>
+#include <utility>
 
 namespace {
 
@@ -33,20 +34,25 @@ TEST_F(EdgeClass, TheClassesPartTheEdges) {
     for (int c = 0; c < edge_class_count; c++)
         total += symmetry_count / std::popcount(edge_class_stabilizer[c]);
     EXPECT_EQ(total, a_edges_size);
-    EXPECT_TRUE(std::is_sorted(std::begin(edge_class_edges), std::end(edge_class_edges)));
+    const auto before = [](int a, int b) {
+        return std::pair(eflip_eloc_dist_table[a], a) < std::pair(eflip_eloc_dist_table[b], b);
+    };
+    EXPECT_TRUE(std::is_sorted(std::begin(edge_class_edges), std::end(edge_class_edges), before));
+    EXPECT_EQ(edge_class_edges[0], a_eloc_goal);
 }
 
 TEST_F(EdgeClass, EveryValueIsClassifiedToItsRepresentative) {
     for (int x = 0; x < a_edges_size; x += 3) {
-        const class_step step = classify_edges(x);
+        const classified_edges step = classify_edges(x);
         ASSERT_EQ(symmetry_on_edges(step.symmetry, x), edge_class_edges[step.edge_class]);
+        ASSERT_EQ(step.distance, eflip_eloc_dist_table[x]);
     }
 }
 
 TEST_F(EdgeClass, StepsLeadToTheImageOfTheTurnedRepresentative) {
     for (int c = 0; c < edge_class_count; c++)
         for (int t = 0; t < a_twist_count; t++) {
-            const class_step step = edge_class_steps[c][t];
+            const classified_edges step = edge_class_steps[c].after(t);
             const int after = edges_after(t, edge_class_edges[c]);
             ASSERT_EQ(symmetry_on_edges(step.symmetry, after), edge_class_edges[step.edge_class]);
             ASSERT_EQ(step.distance, eflip_eloc_dist_table[after]);

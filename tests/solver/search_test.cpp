@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "nullshell.h"
+#include "solver/cornerclass.h"
 #include "solver/near1.h"
 #include "solver/near2.h"
 #include "solver/pruning.h"
@@ -29,6 +30,17 @@ class Search : public testing::Test {
 
     std::mt19937 random{4502};
 };
+
+// Lets the search ask for Alt+Q at its n-th node.
+void ask_after(int n) {
+    const int polls = shell.polls;
+    while (shell.polls == polls) {
+        ASSERT_EQ(testclick(), 0);
+    }
+    for (int call = n; call <= 70000; call++) {
+        ASSERT_EQ(testclick(), 0);
+    }
+}
 
 std::string solution(const plain::cube& c) {
     const char* const answer = my_user_enters_cube(plain::listing(c).c_str());
@@ -126,25 +138,106 @@ TEST_F(Search, AnInterruptKeepsTheBestSolutionSoFar) {
 
 TEST_F(Search, AnInterruptBeforeAnySolutionLeavesNone) {
     const plain::cube c = randomcube(random);
-    while (shell.polls == 0)
-        ASSERT_EQ(testclick(), 0);
-    for (int call = 1; call <= 70000; call++) // the next one asks
-        ASSERT_EQ(testclick(), 0);
+    ask_after(1);
     shell.interruptat = shell.polls + 1;
     EXPECT_EQ(solution(c), "error");
     EXPECT_STREQ(outputstring, "");
     EXPECT_EQ(error, 1);
 }
 
-TEST_F(Search, TheGreatestSievesChangeNoAnswer) {
+TEST_F(Search, StageTwoCanBeInterruptedToo) {
+    const plain::cube c = randomsubcube(random);
+    setsearchdepth(0);
+    ask_after(100);
+    shell.interruptat = shell.polls + 1;
+    EXPECT_EQ(solution(c), "error");
+    EXPECT_EQ(error, 1);
+    EXPECT_EQ(a_node_count, 1);
+    EXPECT_EQ(b_node_count, 99);
+    resetshell();
+    EXPECT_NE(solution(c), "error");
+    EXPECT_GT(b_node_count, 99);
+}
+
+TEST_F(Search, NodesAreCounted) {
+    // At depth 1 the root, and behind each of two quarter turns of F the subgroup; behind the one
+    // the solved cube.
+    EXPECT_EQ(solution(afterletters(plain::solvedcube(), "f")), "F");
+    EXPECT_EQ(a_node_count, 3);
+    EXPECT_EQ(b_node_count, 0);
+    EXPECT_EQ(solution(afterletters(plain::solvedcube(), "u")), "U");
+    EXPECT_EQ(a_node_count, 1);
+    EXPECT_EQ(b_node_count, 1);
+}
+
+// What the tables are for. The plain search visits some 30 million of stage 1 here.
+TEST_F(Search, FewNodesAreVisited) {
+    long long stage1 = 0;
+    long long stage2 = 0;
+    for (int i = 0; i < 20; i++) {
+        (void)solution(randomcube(random));
+        stage1 += a_node_count;
+        stage2 += b_node_count;
+    }
+    EXPECT_LT(stage1, 3'300'000);
+    EXPECT_LT(stage2, 1'200'000);
+}
+
+TEST_F(Search, EachImprovementIsTwoTurnsShorterAtLeast) {
+    setsearchdepth(16);
+    const plain::cube c = randomcube(random);
+    const std::string best = solution(c);
+    std::size_t before = 1000;
+    int improvements = 0;
+    for (int poll = 1; before > best.size(); poll++) {
+        ASSERT_LT(poll, 200);
+        resetshell();
+        shell.interruptat = poll;
+        const std::string kept = solution(c);
+        if (kept == "error") {
+            continue;
+        }
+        ASSERT_EQ(plain::listing(afterletters(c, kept)), plain::listing(plain::solvedcube()));
+        if (kept.size() != before) {
+            EXPECT_LE(kept.size() + 2, before);
+            EXPECT_EQ(kept.size() % 2, best.size() % 2);
+            before = kept.size();
+            improvements++;
+        }
+    }
+    EXPECT_EQ(before, best.size());
+    EXPECT_GE(improvements, 2);
+}
+
+// Of the solutions of a depth that are equally short the first in the order of the twists counts.
+TEST_F(Search, TheOrderOfTheTwistsDecides) {
+    for (int i = 0; i < 200; i++) {
+        plain::cube c = plain::solvedcube();
+        for (int n = 0; n < 7; n++) {
+            c = plain::turned(c, static_cast<int>(random() % 18));
+        }
+        setsearchdepth(9);
+        const std::string expected = plain::solve(c, 9);
+        EXPECT_EQ(solution(c), expected.empty() ? "error" : expected);
+    }
+}
+
+TEST_F(Search, TheGreatestTablesChangeNoAnswer) {
     std::vector<plain::cube> cubes;
     std::vector<std::string> answers;
     for (int i = 0; i < 5; i++) {
         cubes.push_back(randomcube(random));
         answers.push_back(solution(cubes.back()));
     }
-    near1_extend(near1_greatest);
-    near2_extend(near2_greatest);
-    for (std::size_t i = 0; i < cubes.size(); i++)
+    ASSERT_TRUE(near1_extend(near1_greatest));
+    ASSERT_TRUE(near2_extend(near2_greatest));
+    ASSERT_TRUE(corner_bounds_fill());
+    for (std::size_t i = 0; i < cubes.size(); i++) {
         EXPECT_EQ(solution(cubes[i]), answers[i]);
+    }
+    for (int i = 0; i < 3; i++) {
+        const plain::cube c = randomsubcube(random);
+        setsearchdepth(11);
+        EXPECT_EQ(solution(c), plain::solve(c, 11));
+    }
 }

@@ -115,7 +115,7 @@ TEST_F(Symmetry, TheClassesPartTheCornerPermutations) {
 TEST_F(Symmetry, MembersOfAClassTurnIntoMembersOfAClass) {
     const auto& of = classes_of_cornerperm.of;
     for (int x = 0; x < cornerperm_size; x++) {
-        const class_place place = of[x];
+        const classified place = of[x];
         const int representative = classes_of_cornerperm.representatives[place.number];
         for (int t = 0; t < b_twist_count; t++)
             ASSERT_EQ(
@@ -129,7 +129,7 @@ TEST_F(Symmetry, SortingFindsTheLeastValueAndAWayToIt) {
     for (const unsigned symmetries : {all_symmetries, even_symmetries, 1u}) {
         const symmetry_classes classes = sort_into_classes(b_edgeperm_size, symmetries, image);
         for (int x = 0; x < b_edgeperm_size; x++) {
-            const class_place place = classes.of[x];
+            const classified place = classes.of[x];
             const int representative = classes.representatives[place.number];
             ASSERT_LE(representative, x);
             ASSERT_TRUE(symmetries >> place.symmetry & 1);

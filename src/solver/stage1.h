@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: MIT
+//
+// stage1: one depth of stage 1. All that belongs to it is one object, made for the call.
+//
+// It walks over states up to symmetry (edgeclass.h), and carries the permutation of the corners as
+// its class (cornerclass.h). The depth is parted: node by node down to block_length quarter turns
+// from the end; from there block by block, several nodes at a time, as what the tables of near1
+// know of each is far away in memory; and the last of it, where the tables are small, node by
+// node again.
+//
+// Within a block solutions are not met in the order of the twists. So of two of the same length the
+// one whose sequence comes first counts: what a completed depth leaves is the first sequence that
+// attains the depth's least total, as if all had been tried in order.
+//
+// State     none but the object; search.h's.
+// Callers   search.
+#pragma once
+
+#include "solver/near1.h"
+#include "solver/stage2.h"
+
+class stage1_walk {
+  public:
+    explicit stage1_walk(a_node* stack); // the root must be set
+
+    // All of the root's depth. Ends early when no better solution is left, or with error 1 when the
+    // user interrupts.
+    void run();
+
+  private:
+    // Length from which on nodes are visited one by one again; the leads of these are always kept.
+    static constexpr int near_length = 5;
+    static_assert(near_length <= near1_initial);
+
+    // Length that the root of a block has left, or less.
+    static constexpr int block_length = near1_greatest + 2;
+
+    // The twists from the root of a block to a node are packed, the first one highest: so the
+    // greater of two numbers is the sequence that comes later.
+    static constexpr int path_bits = 5;
+    static constexpr int path_top = 64 - path_bits;
+    static_assert(a_twist_count <= 1 << path_bits && block_length * path_bits <= 64);
+
+    struct visit {
+        std::uint16_t edge_class;
+        std::uint16_t corner;  // as the representative of the class sees it
+        std::uint8_t symmetry; // takes the real cube to the representative
+        std::uint8_t remaining;
+        std::uint8_t state; // sequence_state
+        classified_corners corners;
+        std::uint32_t leads; // the twists that lead on, where near1 keeps those of the length left
+        std::uint64_t path;
+
+        std::uint32_t number() const { return near1_number(edge_class, corner); }
+    };
+
+    // A child that a node may have: a state of which a table of near1 is asked.
+    struct candidate {
+        std::uint32_t asked; // number, or hash
+        std::uint8_t remaining;
+        std::uint8_t parent; // in its chunk
+        std::uint8_t twist;
+    };
+
+    // So many nodes are asked for together; those that they leave make a list, which is walked when
+    // it has enough.
+    static constexpr int chunk_size = 16;
+    static constexpr int list_enough = 48;
+    static constexpr int chunk_children = chunk_size * a_twist_count;
+
+    struct visit_list {
+        int count;
+        visit nodes[list_enough + chunk_children];
+    };
+
+    // One more than there can be, as each is written before it is known to be one.
+    struct candidate_list {
+        int count;
+        candidate entries[chunk_children + 1];
+    };
+
+    visit root_visit() const;
+    bool walk_far(int depth, const visit& here);
+    bool walk_block(int depth, const visit& root);
+    bool walk_list(const visit_list& list, int level);
+    void walk_near(const visit& node, int level);
+
+    void gather(const visit* chunk, int count);
+    template <typename question>
+    static void gather_some(const visit* chunk, int parent, std::uint32_t twists, int cost,
+                            candidate_list& to, question ask);
+    void sift_by_bits(const visit* chunk, int level, visit_list& out);
+    void sift_by_leads(const visit* chunk, int level, visit_list& out);
+
+    bool enter() const;
+    visit after(const visit& node, int twist) const;
+    visit after(const visit& node, int twist, int level) const;
+    std::uint32_t leads_of(const visit& node, std::uint32_t seen) const;
+    std::uint32_t leads_of(const visit& node) const;
+    int limit_of(const visit& node) const;
+    bool too_far(const visit& node) const;
+    void junction(const visit& node);
+
+    a_node* const stack;
+    const int kept;        // length up to which leads are kept
+    const bool bits_known; // if the bits of the greatest length are filled
+    std::uint32_t allowed[sequence_state_count] = {}; // twists, by the state of the sequence
+
+    // The block in work
+    int block_depth = 0; // of its root
+    edge_slices block_edges = {};
+    bool found = false; // if a solution was found in it: by this path
+    std::uint64_t found_path = 0;
+
+    // The chunk in work: of which the leads are asked, the bits, and nothing
+    candidate_list by_leads, by_bits, unasked;
+
+    visit_list
+        lists[block_length - near_length + 1]; // by the number of twists from the block's root
+};
