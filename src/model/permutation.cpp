@@ -168,9 +168,12 @@ int samecorner(const char* a, const char* b) {
 }
 
 const char* flipedge(int flip, const char* name) {
-    fliptext[0] = name[flip != 0 ? 1 : 0];
-    fliptext[1] = name[flip != 0 ? 0 : 1];
-    return flip != 0 ? fliptext : name;
+    if (flip == 0) {
+        return name;
+    }
+    fliptext[0] = name[1];
+    fliptext[1] = name[0];
+    return fliptext;
 }
 
 // Reporting
