@@ -59,6 +59,9 @@ TEST_F(Notation, ABracketHasTheLineConverted) {
     EXPECT_EQ("L", shell.line);
     shell.line = "L";
     EXPECT_EQ(0, check("[R]"));
+    shell.line = "[R]";
+    EXPECT_EQ(1, sanitycheckmacro("[R]", 0)); // the length rules: nothing is there
+    EXPECT_EQ("[R]", shell.line);
 }
 
 struct length_case {

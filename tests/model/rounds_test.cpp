@@ -2,8 +2,10 @@
 //
 // The parser, whose rounds are multiplied, against one that does every round.
 #include "model/modeltest.h"
+#include "model/rounds.h"
 #include "model/slowparser.h"
 
+#include <climits>
 #include <cstring>
 #include <random>
 
@@ -196,6 +198,16 @@ TEST_F(Rounds, CountsOfManyDigitsAreExact) {
             ASSERT_EQ(round[static_cast<size_t>(place)], undobuf[undoptr - back]) << back;
         }
     }
+}
+
+TEST_F(Rounds, ALargeCountIsTheLargestIntThatDoesTheSame) {
+    const long long largest = INT_MAX;
+    EXPECT_EQ(0, samecount(0));
+    EXPECT_EQ(INT_MAX, samecount(largest));
+    EXPECT_EQ(INT_MAX - countperiod + 1, samecount(largest + 1));
+    EXPECT_EQ(INT_MAX - 1, samecount(largest + countperiod - 1));
+    EXPECT_EQ(INT_MAX, samecount(largest + countperiod));
+    EXPECT_EQ(INT_MAX - 3, samecount(largest - 3 + 12345LL * countperiod));
 }
 
 TEST_F(Rounds, LongRoundsLeaveTheUndoBufferOfEachTurn) {
