@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
 // colorcollector: the dialog's widgets, looked at from inside: what is written where, in which
-// letters and colours, and what each of them does. The layout is written down a second time here.
+// letters and colours, and what each of them does. Texts and places are written down a second time:
+// those of the 60 buttons in collectorlayout_test, all others here.
+#include "input/collectorlayout.h"
 #include "input/colorcollector.h"
 #include "input/coloring.h"
 #include "model/turns.h"
@@ -121,10 +123,10 @@ struct widget_row {
     int x, y, w, h;
 };
 
-constexpr char colorhelp[] =
+constexpr char howtocolor[] =
     "Set the color of the highlighted cubie face by clicking the appropriate button at the bottom "
     "of this window or by typing the letter labeling that button.";
-constexpr char selecthelp[] =
+constexpr char howtoselect[] =
     "To set the color of a particular cubie face, click on it to select it and then set its color "
     "as described above.  To move the selection forward or back type the space and backspace keys.";
 
@@ -133,8 +135,8 @@ constexpr widget_row widgets[] = {
     {"Finish",               10,  420, 75,  35 },
     {"Reset",                90,  420, 80,  35 },
     {"Flip/Rotate",          175, 420, 75,  35 },
-    {colorhelp,              260, 35,  240, 115},
-    {selecthelp,             260, 285, 240, 115},
+    {howtocolor,             260, 35,  240, 115},
+    {howtoselect,            260, 285, 240, 115},
 };
 
 void expectplace(const Fl_Widget* widget, const widget_row& row) {
@@ -168,33 +170,28 @@ TEST_F(Colorcollector, TitleIsBoldAndTwentyHigh) {
 }
 
 TEST_F(Colorcollector, HelpIsWrappedInsideItsBox) {
-    for (const char* text : {colorhelp, selecthelp}) {
+    for (const char* text : {howtocolor, howtoselect}) {
         EXPECT_EQ(find(text)->align(), FL_ALIGN_WRAP | FL_ALIGN_INSIDE);
     }
 }
 
+void expectarea(const Fl_Widget* widget, const area& at) {
+    expectplace(widget, {"", at.x, at.y, at.w, at.h});
+}
+
+// Where that is, and how they are named, is held by collectorlayout_test.
 TEST_F(Colorcollector, FaceletsStandInTheNetWithTheirNames) {
-    for (int place = 0; place < placecount; place++) {
-        const int face = place / 9;
-        const int row = place % 9 / 3;
-        const int column = place % 3;
-        const std::string name = {"ULFRBD"[face], static_cast<char>('1' + place % 9)};
-        SCOPED_TRACE(name);
-        EXPECT_EQ(buts[place]->label(), name);
-        const bool band = face >= 1 && face <= 4;
-        expectplace(buts[place],
-                    {"", band ? 10 + 125 * (face - 1) + 40 * column : 135 + 40 * column,
-                     40 * row + (band        ? 160
-                                 : face == 0 ? 35
-                                             : 285),
-                     35, 35});
+    for (unsigned place = 0; place < placecount; place++) {
+        SCOPED_TRACE(butnames[place].text);
+        EXPECT_STREQ(buts[place]->label(), butnames[place].text);
+        expectarea(buts[place], faceletarea(static_cast<int>(place)));
     }
 }
 
 TEST_F(Colorcollector, ColourButtonsStandInARowWithTheirLetters) {
     for (int face = 0; face < cubefacecount; face++) {
         EXPECT_EQ(facecolors[face]->label(), std::string(1, "WGRBOY"[face]));
-        expectplace(facecolors[face], {"", 260 + 40 * face, 420, 35, 35});
+        expectarea(facecolors[face], colorarea(face));
         EXPECT_EQ(facecolors[face]->argument(), face);
     }
 }
