@@ -20,7 +20,7 @@ namespace {
 using enum cubie;
 
 // The cubies that stay and the cubies that move, for each layer. The orders are the order of
-// emission; which of two equally deep squares lies on top may depend on them.
+// emission: of two equally deep squares the later one lies on top.
 // clang-format off
 constexpr cubie u_still[]  = {F, B, D, R, L, DFR, DFL, DBL, DBR, RF, LF, RB, LB, DF, DB, DR, DL};
 constexpr cubie u_moving[] = {U, UFL, UFR, UBL, UBR, UF, UB, UR, UL};

@@ -9,7 +9,7 @@
 // Units     angles in degrees, colours 0..1, matrices 16 floats in column order (element
 //           4 * column + row).
 // Callers   projection, animation, view, colors. Nothing else in the program calls OpenGL, but for
-//           the clearing and the letters in cube_box.
+//           the clearing and the letters in cube_box, and the questions of glscreen.
 // Order     needs a current OpenGL context, which the toolkit gives inside cube_box::draw.
 // Defined   in glwrap.cpp over OpenGL; in tests/nullgl.cpp as a software twin that needs no screen.
 #pragma once
