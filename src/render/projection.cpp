@@ -8,6 +8,8 @@
 #include <cassert>
 #include <cmath>
 #include <cstring>
+#include <limits>
+#include <utility>
 
 constinit listface* facelist[facelimit] = {};
 constinit int facelistcount = 0;
@@ -18,17 +20,24 @@ namespace {
 // The records themselves; facelist points at each of them once.
 constinit listface records[facelimit] = {};
 
-// compdepth alone is no order for a sort: a depth that is not a number would be as deep as all the
-// others, which are not as deep as one another, and the sort could run off the list. Such faces
-// come first. Equally deep ones keep the order of emission, which is that of their addresses, so
-// that a frame looks the same whatever was painted before it.
-bool paintedbefore(const listface* a, const listface* b) {
-    const bool strange = std::isnan(a->depth);
-    if (strange != std::isnan(b->depth)) {
-        return strange;
-    }
-    const int order = compdepth(&a, &b);
-    return order != 0 ? order < 0 : a < b;
+// What a face is sorted by: minus its depth, so that the farthest comes first, then its address,
+// which grows in the order of emission, so that a frame looks the same whatever was painted before.
+using sort_key = std::pair<float, listface*>;
+
+constinit sort_key keys[facelimit] = {}; // of the frame being painted
+
+// A depth that is not a number would be as deep as all others, which are not as deep as one
+// another, and a sort by that could run off the list. Here it counts as the farthest.
+sort_key keyof(listface* face) {
+    const float infinity = std::numeric_limits<float>::infinity();
+    return {std::isnan(face->depth) ? -infinity : -face->depth, face};
+}
+
+// Through keys in one piece: the records themselves lie far apart.
+void sortfaces() {
+    sort_key* const end = std::transform(facelist, facelist + facelistcount, keys, keyof);
+    std::sort(keys, end);
+    std::transform(keys, end, facelist, [](const sort_key& key) { return key.second; });
 }
 
 } // namespace
@@ -94,7 +103,7 @@ int compdepth(const void* a, const void* b) {
 void nongldisplay() {
     PushMatrix();
     LoadIdentity(); // the points are in device coordinates already
-    std::sort(facelist, facelist + facelistcount, paintedbefore);
+    sortfaces();
     for (int i = 0; i < facelistcount; i++) {
         setfacecolor(facelist[i]->key);
         polygon(facelist[i]->corner);

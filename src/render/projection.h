@@ -48,11 +48,12 @@ void xform(listface* face); // sets the depth, from the centre, and projects the
 
 // Painting
 
-// Order of two elements of facelist, as qsort wants it: -1 when the face of a is farther than that
-// of b, 1 when nearer, 0 when equally deep or when a depth is not a number.
+// Order of two elements of facelist by depth alone, as qsort wants it: -1 when the face of a is
+// farther than that of b, 1 when nearer, 0 when equally deep or when a depth is not a number. With
+// such a depth in the list it is no order that a sort may be given; painting has a key of its own.
 int compdepth(const void* a, const void* b);
 
-// Sorts the list by compdepth and paints it in that order: equally deep faces as they were emitted,
-// and first of all those whose depth is not a number. Leaves the matrix as it was. May be called
-// again to paint the same frame again.
+// Sorts the list as compdepth says and paints it in that order: equally deep faces as they were
+// emitted, and a depth that is not a number as the farthest. Leaves the matrix as it was. May be
+// called again to paint the same frame again.
 void nongldisplay();

@@ -165,6 +165,7 @@ TEST_F(Projection, PaintsFromTheFarthestToTheNearest) {
         EXPECT_EQ(before, std::multiset<listface*>(facelist, facelist + n));
         for (int i = 1; i < n; i++) {
             EXPECT_GE(facelist[i - 1]->depth, facelist[i]->depth);
+            EXPECT_LE(compdepth(&facelist[i - 1], &facelist[i]), 0);
         }
     }
 }
