@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "model/cube.h"
 
+#include "model/turns.h"
+
 #include <cassert>
 #include <cstdio>
 #include <cstdlib>
@@ -188,6 +190,7 @@ void initcubies() {
         cubecolors[p] = static_cast<unsigned char>(p / faceplaces);
         cubefaces[p] = static_cast<unsigned char>(p);
     }
+    needsredraw = 1;
 }
 
 // Every turn comes through here and takes both arrays along: a sticker's colour and its home must

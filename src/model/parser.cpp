@@ -345,7 +345,6 @@ int calcorder(const char* macro) {
     parsing = mode;
     // Deliberate: NOT-BUGS.md, "An order brings back the colours only"
     restorecubex();
-    needsredraw = 1;
     const int order = macorder;
     tellorders(orders);
     return order;

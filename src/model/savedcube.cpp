@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "model/savedcube.h"
 
+#include "model/turns.h"
 #include "shell.h"
 
 #include <cstring>
@@ -27,6 +28,7 @@ void savecube() {
     } else {
         // Deliberate: NOT-BUGS.md, "A saved cube is its colours"
         memcpy(cubecolors, savecubedata, sizeof cubecolors);
+        needsredraw = 1;
         labelsavebutton("Save Cube");
         issavedcube = 0;
     }
@@ -38,4 +40,5 @@ void savecubex() {
 
 void restorecubex() {
     memcpy(cubecolors, savecubedatax, sizeof cubecolors);
+    needsredraw = 1;
 }

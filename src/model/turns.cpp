@@ -77,6 +77,7 @@ void applyturn(int code) {
         case cube_turn: movecube(row.face); break;
         }
     }
+    needsredraw = 1;
 }
 
 // One entry is kept for the end mark, which is written anew with each code, so that the driver may

@@ -75,10 +75,13 @@ void clearqueue();
 
 // The turn in progress
 
-extern int turnmode;    // its code, -1 for none. Started through startturn
-extern int ttime;       // its frame, 0..TURNTIME - 1; rests at -1 between turns, 0 before the first
-extern int TURNTIME;    // frames a quarter turn, 1..999; initially 120
-extern int needsredraw; // 1: the view is out of date and no animation redraws it; initially 1
+extern int turnmode; // its code, -1 for none. Started through startturn
+extern int ttime;    // its frame, 0..TURNTIME - 1; rests at -1 between turns, 0 before the first
+extern int TURNTIME; // frames a quarter turn, 1..999; initially 120
+
+// 1: the view is out of date and no animation redraws it; initially 1. Set by each command, and by
+// all that changes the cube: a turn that is applied, a reset, a cube that is brought back.
+extern int needsredraw;
 
 // 1 from the moment the turn in progress has been applied to the cube until it ends; else 0. While
 // it is 1 the view draws the still cube, and the turn cannot land a second time when the window is
