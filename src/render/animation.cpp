@@ -176,19 +176,25 @@ void drawlayer(int code) {
 }
 
 // One view of the cube as it stands in this frame.
-void drawbyturn() {
-    if (turnmode == noturn || turnlanded == 1) {
+void drawbyturn(int code) {
+    if (code == noturn) {
         drawcubegeneric();
-    } else if (turnmode >= 0 && turnmode < layercount) {
-        drawlayer(turnmode);
-    } else if (turnmode >= layercount && turnmode < turncount) {
-        drawwholecube(static_cast<int>(turn_table[turnmode].face));
+    } else if (code >= 0 && code < layercount) {
+        drawlayer(code);
+    } else if (code >= layercount && code < turncount) {
+        drawwholecube(static_cast<int>(turn_table[code].face));
     }
+}
+
+// The turn that this frame shows. Between the command and the first pass, and after a new speed cut
+// a turn short, ttime is -1: such a frame would show the layer a step the wrong way.
+int shownturn() {
+    return turnlanded == 1 || ttime < 0 || ttime >= TURNTIME ? noturn : turnmode;
 }
 
 // A fifth of the size, in the upper right corner, seen from behind, so that R, B and D show. The
 // places are chosen for the viewpoint of view.h.
-void drawrear() {
+void drawrear(int code) {
     drawingmain = 0;
     // Deliberate: NOT-BUGS.md, "The rear view runs ahead on the last frame"
     if (ttime == TURNTIME - 1) {
@@ -199,7 +205,7 @@ void drawrear() {
     Translatef(13, 23, 13);
     Rotatef(180, 0, 1, 0);
     Rotatef(30, 1, 0, 1);
-    drawbyturn();
+    drawbyturn(code);
     PopMatrix();
     drawingmain = 1;
     if (ttime == TURNTIME) {
@@ -210,9 +216,10 @@ void drawrear() {
 } // namespace
 
 void displaycube() {
-    drawbyturn();
+    const int code = shownturn();
+    drawbyturn(code);
     if (showrear != 0) {
-        drawrear();
+        drawrear(code);
     }
 }
 

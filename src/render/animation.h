@@ -20,8 +20,10 @@ extern int drawingmain; // 1 while the main view is drawn, 0 while the rear view
 // Draws the main view and, if showrear, the rear view into the face list: 156 or 312 records. A
 // turnmode outside -1..23 draws nothing. A turn that has landed (turnlanded) is drawn as the still
 // cube: its frame may be asked for again before the driver ends the turn, and the cube already
-// shows the result. The rear view shows the last frame of a turn at the full 90 degrees and never
-// hands a turn on. Writes ttime for the time of the rear view and puts it back.
+// shows the result. So is one whose ttime is none of the frames 0..TURNTIME - 1: an expose may come
+// between the command that starts a turn and the first pass. The rear view shows the last frame of
+// a turn at the full 90 degrees and never hands a turn on. Writes ttime for the time of the rear
+// view and puts it back.
 void displaycube();
 
 void drawcubegeneric(); // the still cube, 156 records

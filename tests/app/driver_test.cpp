@@ -107,12 +107,12 @@ TEST_F(Driver, FinishturnLandsATurnAtOnceAndKeepsTheQueue) {
 }
 
 TEST_F(Driver, AQuietPassGivesWayToATimerOfATenthOfASecond) {
+    const double start = now();
     needsredraw = 1;
     pass();
     EXPECT_EQ(needsredraw, 0);
     EXPECT_EQ(Fl::has_idle(IdleFunc, nullptr), 0);
     EXPECT_NE(Fl::has_timeout(timeoutfunc, nullptr), 0);
-    const double start = now();
     needsredraw = 1;
     while (needsredraw != 0) { // until the timer has brought the driver back
         Fl::wait(1);
@@ -212,4 +212,34 @@ TEST_F(Driver, ATurnBeyondTheNewLengthGoesOnNearItsEnd) {
     EXPECT_EQ(TURNTIME, 5);
     EXPECT_EQ(ttime, 3);
     ttime = -1;
+}
+
+// A menu that closes over the view has it painted before the first pass of the turn it started.
+TEST_F(Driver, AFrameBeforeTheFirstPassIsTheStillCube) {
+    settle();
+    const picture still = exposedview();
+    for (int code = 0; code < turncount; ++code) {
+        SCOPED_TRACE(code);
+        startturn(code);
+        ttime = -1;
+        EXPECT_EQ(exposedview(), still);
+        ttime = TURNTIME;
+        EXPECT_EQ(exposedview(), still);
+    }
+    ttime = TURNTIME / 2;
+    EXPECT_NE(exposedview(), still);
+    startturn(noturn);
+    ttime = -1;
+}
+
+TEST_F(Driver, ATurnAtTheNewSpeedOfOneIsStillUntilItLands) {
+    settle();
+    const picture still = exposedview();
+    startturn(6);
+    ttime = 7;
+    withdialog(setspeed, [] { replaceline("1"); });
+    EXPECT_EQ(ttime, -1);
+    EXPECT_EQ(exposedview(), still);
+    passestoend();
+    EXPECT_EQ(colours(), coloursafter("R"));
 }

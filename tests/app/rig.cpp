@@ -17,6 +17,7 @@
 #include <FL/Fl.H>
 #include <FL/Fl_Box.H>
 #include <FL/Fl_Window.H>
+#include <FL/gl.h>
 #include <FL/x.H>
 #include <X11/keysym.h>
 
@@ -140,6 +141,14 @@ void queuemacro(const char* macro) {
 rectangle viewonscreen() {
     const rectangle window = screen().place(fl_xid(form));
     return {window.x + cube->x(), window.y + cube->y(), cube->w(), cube->h()};
+}
+
+picture exposedview() {
+    cube->redraw();
+    Fl::flush();
+    glFinish();
+    XSync(fl_display, 0);
+    return screen().screenshot(viewonscreen());
 }
 
 std::string boxtext() {

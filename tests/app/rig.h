@@ -32,6 +32,7 @@ std::string coloursafter(const char* macro); // of a solved cube after a macro
 void queuemacro(const char* macro);          // as Enter does
 
 rectangle viewonscreen(); // the view's place
+picture exposedview();    // the view, painted as when something uncovers it
 
 // Calls dialog, which opens one of the toolkit's boxes and blocks, and has answer called as soon as
 // the box is there and has the keyboard.
