@@ -12,10 +12,13 @@
 #include "render/colors.h"
 #include "shell.h"
 
+#include <FL/Fl.H>
 #include <FL/Fl_Box.H>
 #include <FL/Fl_Window.H>
 #include <FL/fl_ask.H>
+#include <FL/x.H>
 
+#include <chrono>
 #include <cstdio>
 #include <string>
 #include <utility>
@@ -139,6 +142,17 @@ void showmessagewindow(const char* text, double) {
     messagewindow->resize(x, y, 230, 100);
     box->resize(0, 0, 230, 100);
     messagewindow->show();
+}
+
+// The toolkit paints a window when the server has told that it shows, and a window manager may take
+// its time before. Somebody who keeps it from showing at all is not waited for.
+void paintmessagewindow() {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(250);
+    while (messagewindow->shown() != 0 && Fl_X::i(messagewindow)->wait_for_expose != 0 &&
+           std::chrono::steady_clock::now() < end) {
+        Fl::wait(0.01);
+    }
+    Fl::flush();
 }
 
 void hidemessagewindow() {

@@ -15,10 +15,15 @@ extern int displayorder; // 1 shows displaystring's messages, 0 drops them; init
 extern Fl_Window* messagewindow; // the wait panel; null until its first use
 extern char smessage[200];       // its text, ended by a NUL
 
-// The wait panel: a frameless box over the middle of the main window, made on first use. It is
-// drawn when the toolkit next gets a chance (delay). text is copied, cut to 199 bytes; seconds is
-// not used, the panel stays until it is hidden.
+// The wait panel: a frameless box over the middle of the main window, made on first use. text is
+// copied, cut to 199 bytes; seconds is not used, the panel stays until it is hidden. It comes to
+// the screen as the toolkit gets its chances.
 void showmessagewindow(const char* text, double seconds);
+
+// Lets the toolkit run until the panel is painted, a quarter of a second at most: before a
+// computation that lets nothing be painted.
+void paintmessagewindow();
+
 void hidemessagewindow();
 
 // Before the main window stands a box would be all there is of the program: from holdalerts on,

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/my_input.h"
 
+#include "app/dispatch.h"
 #include "app/macroline.h"
 #include "model/notation.h"
 #include "model/turns.h"
@@ -11,6 +12,9 @@
 int my_input::handle(int event) {
     if (event == FL_FOCUS) {
         return 1;
+    }
+    if (solvingcube != 0) { // what came into the line now would give way to the solution
+        return event == FL_UNFOCUS ? Fl_Input::handle(event) : 0;
     }
     if (Fl::get_key(FL_Right) != 0) {
         if (turnmode == noturn) {
@@ -24,10 +28,15 @@ int my_input::handle(int event) {
         }
         return 1;
     }
-    const bool apply = Fl::event_state(FL_CTRL) != 0 && Fl::event_key() == 'a';
+    const bool ctrl = Fl::event_state(FL_CTRL) != 0;
     const bool alt = Fl::event_state(FL_ALT) != 0;
+    const bool apply = ctrl && Fl::event_key() == 'a';
+    const bool undo = ctrl && !alt && Fl::event_key() == 'z';
     if (event == FL_SHORTCUT && (apply || alt)) {
         return 0; // pressed elsewhere: the menu and the view answer these keys
+    }
+    if (event == FL_KEYDOWN && undo) {
+        return 0; // the menu undoes a turn, where the toolkit would undo what was typed
     }
     if (apply) {
         if (event != FL_KEYDOWN) {

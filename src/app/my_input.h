@@ -7,7 +7,9 @@
 //           Enter            the callback, inp_cb (dispatch.h)
 //           Ctrl+A           applies the macro, then edits as the toolkit's key does
 //           Alt+letter       turns a face, as in the view
+//           Ctrl+Z           refused, so that the menu undoes a turn
 //           anything else    edits; the length read-out follows every event
+// Solving   while the solver works the line takes nothing but the focus.
 // Callers   mainwindow makes the one instance, inp.
 #pragma once
 

@@ -25,9 +25,9 @@ bool initializesolver() {
     if (initialized) {
         return true;
     }
-    const keptevent event;
     showmessagewindow("Initializing solver ...\n", 0);
     delay();
+    paintmessagewindow();
     while (initializesolve() == 0) {
         delay();
         if (alt_q() != 0) {
@@ -40,8 +40,8 @@ bool initializesolver() {
     return true;
 }
 
-// The cube in the solver's words. The colours are put back at once, not after the search: the wait
-// panel lets the view redraw, which must not show the normalised cube.
+// The cube in the solver's words. The colours are put back at once, not after the search: whatever
+// comes to paint the view must not show the normalised cube.
 std::string cubiestring() {
     muckcube();
     const std::string listing = dumpcube();
@@ -67,18 +67,21 @@ void showsolution(const char* solution) {
 
 } // namespace
 
+// The cube is taken up when the panel stands: till then turns could still land.
 void solvecube() {
+    const keptevent event; // the toolkit runs while the tables are built and the panel is painted
     if (!initializesolver()) {
         return;
     }
-    finishturn();
-    clearqueue();
     setmacroline("");
     loadout("");
     inp->set_changed();
-    const std::string cubies = cubiestring();
     showmessagewindow("Solving cube ...\nAlt-Q interrupts.", 0);
     delay();
+    paintmessagewindow();
+    finishturn();
+    clearqueue();
+    const std::string cubies = cubiestring();
     setsearchdepth(tryhard + 14);
     const char* solution = my_user_enters_cube(cubies.c_str());
     hidemessagewindow();
