@@ -3,6 +3,7 @@
 
 #include "app/demo.h"
 #include "app/driver.h"
+#include "app/latinkey.h"
 #include "app/macroline.h"
 #include "app/mainwindow.h"
 #include "app/menu.h"
@@ -187,13 +188,14 @@ void b_cb(Fl_Widget*, long cmd) {
 }
 
 int alt_q() {
-    return Fl::get_key('q') != 0 && (Fl::get_key(FL_Alt_L) != 0 || Fl::get_key(FL_Alt_R) != 0);
+    return letterheld('q') && (Fl::get_key(FL_Alt_L) != 0 || Fl::get_key(FL_Alt_R) != 0);
 }
 
 void interpretkey(int key) {
+    const int letter = latinkey(key);
     constexpr char letters[] = "udlrfb"; // ORDER TURN: letter i turns with code 2 i
     for (int i = 0; letters[i] != '\0'; ++i) {
-        if (key == letters[i]) {
+        if (letter == letters[i]) {
             b_cb(nullptr, 2 * i);
         }
     }

@@ -131,6 +131,7 @@ template <int n> void makegroup(const heading_row& heading, const button_row (&r
 void makemacrolines() {
     makeheading(current_heading);
     out = new Fl_Output(667, 293, 50, 20, "Macro length:");
+    out->clear_visible_focus(); // it has no use for keys, and would keep Ctrl+Z
     loadout("");
     inp = new my_input(447, 314, 270, 20);
     inp->callback(inp_cb, 0L);

@@ -10,8 +10,8 @@
 
 namespace {
 
-Fl_Menu_Item title(const char* text) {
-    return {text, 0, nullptr, nullptr, FL_SUBMENU, 0, 0, 0, 0};
+Fl_Menu_Item title(const char* text, int shortcut = 0) {
+    return {text, shortcut, nullptr, nullptr, FL_SUBMENU, 0, 0, 0, 0};
 }
 
 Fl_Menu_Item command(const char* text, long cmd, int shortcut = 0) {
@@ -42,7 +42,7 @@ void setmark(long cmd, bool on) {
 
 // clang-format off
 Fl_Menu_Item menutable[menusize] = {
-    title("File"),
+    title("File", FL_F + 10), // the key that opens the menus; the arrows walk on from there
         command("Reset Cube",              100, FL_CTRL + 'r'),
         command("Load Macro File",         118),
         command("Dump Macro File",         128),

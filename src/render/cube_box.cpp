@@ -45,7 +45,8 @@ int click(const Fl_Widget* view, int state) {
     // Deliberate: NOT-BUGS.md, "Clicks are measured from a shifted corner"
     const float fx = static_cast<float>(Fl::event_x() - view->x()) / w;
     const float fy = 1 - static_cast<float>(Fl::event_y() - view->y()) / w;
-    return clickturn(fx, fy, (state & FL_CTRL) != 0, (state & FL_ALT) != 0);
+    // Many window managers keep Alt with a click to themselves, others Super: either will do.
+    return clickturn(fx, fy, (state & FL_CTRL) != 0, (state & (FL_ALT | FL_META)) != 0);
 }
 
 } // namespace
@@ -87,6 +88,7 @@ int cube_box::handle(int event) {
         interpretkey(Fl::event_key());
         return 1;
     case FL_PUSH: {
+        take_focus();
         const int code = click(this, state);
         if (code != -1) {
             b_cb(nullptr, code);

@@ -26,7 +26,7 @@ class cube_box : public Fl_Gl_Window {
     // FL_HIDE ends the program with status 0 once the view's window is gone; while there is one, it
     // has only been taken out of sight by the window manager, and is refused. FL_FOCUS is accepted.
     // FL_SHORTCUT goes to interpretkey if Alt is held, else it is refused. FL_PUSH of any button
-    // goes to b_cb if it hits one of the regions of clickturn, and is accepted anywhere. All else
-    // is refused.
+    // is accepted anywhere and takes the keyboard; it goes to b_cb if it hits one of the regions of
+    // clickturn, Super counting as Alt. All else is refused.
     int handle(int event) override;
 };

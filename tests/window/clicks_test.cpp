@@ -73,6 +73,19 @@ TEST_F(Clicks, RegionsTurnUnderEveryCombinationOfModifiers) {
     }
 }
 
+// Window managers that keep Alt with a click for themselves leave this.
+TEST_F(Clicks, SuperCountsAsAlt) {
+    for (const auto& [name, fx, fy, codes] : regions) {
+        SCOPED_TRACE(name);
+        for (const int more : {0, static_cast<int>(ctrl_key), static_cast<int>(shift_key)}) {
+            vexel.clickview(fx, fy, super_key | more);
+            const int code = codes[more == ctrl_key ? 3 : 1];
+            applyturn(more == shift_key ? inversemove[code] : code);
+            ASSERT_TRUE(showsmodel());
+        }
+    }
+}
+
 TEST_F(Clicks, BoundsLieBetweenThesePixels) {
     for (const auto& [name, x, y, code] : edges) {
         SCOPED_TRACE(name);

@@ -98,6 +98,17 @@ TEST_F(Macro, ArrowKeysStepForwardsAndBackwards) {
     EXPECT_TRUE(showsmodel());
 }
 
+TEST_F(Macro, SteppingOverAnXShowsTheSolvedCube) {
+    for (const char* macro : {"R", "*U"}) {
+        domacro(macro);
+        vexel.playmacro(macro);
+        ASSERT_TRUE(showsmodel());
+        vexel.typemacro("x");
+        initcubies();
+        vexel.holdkey(XK_Right, cubecolors);
+    }
+}
+
 TEST_F(Macro, ATurnLandsAfterAStepBackOverASlice) {
     vexel.typemacro("*F");
     domacro("*F");

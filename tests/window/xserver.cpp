@@ -107,6 +107,7 @@ constexpr std::pair<int, KeySym> modifierkeys[] = {
     {shift_key, XK_Shift_L  },
     {ctrl_key,  XK_Control_L},
     {alt_key,   XK_Alt_L    },
+    {super_key, XK_Super_L  },
 };
 
 } // namespace
@@ -384,6 +385,40 @@ void xserver::press(unsigned long keysym, int modifiers) const {
     key(keysym, true);
     key(keysym, false);
     release(modifiers);
+}
+
+void xserver::presskey(unsigned char code, int modifiers) const {
+    hold(modifiers);
+    holdkey(code, true);
+    holdkey(code, false);
+    release(modifiers);
+}
+
+void xserver::holdkey(unsigned char code, bool down) const {
+    XTestFakeKeyEvent(connection, code, down, CurrentTime);
+    XSync(connection, 0);
+    std::this_thread::sleep_for(typingpause);
+}
+
+unsigned char xserver::place(char letter) const {
+    Display* fresh = XOpenDisplay(display_name.c_str()); // an older one knows the layout of then
+    const KeyCode code = XKeysymToKeycode(fresh, static_cast<KeySym>(letter));
+    XCloseDisplay(fresh);
+    return code;
+}
+
+void xserver::setlayout(const std::string& layout) const {
+    process_settings settings;
+    settings.command = {"setxkbmap", "-display", display_name, "-layout", layout};
+    process change(settings);
+    if (change.waitexit(patience) != 0) {
+        throw std::runtime_error("no keyboard layout " + layout);
+    }
+}
+
+void xserver::lockgroup(unsigned group) const {
+    XkbLockGroup(connection, XkbUseCoreKbd, group);
+    XSync(connection, 0);
 }
 
 void xserver::type(const std::string& ascii) const {

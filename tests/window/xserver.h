@@ -26,7 +26,7 @@ struct _XDisplay;
 
 using windowid = unsigned long; // an X window; 0 is none
 
-enum modifier { shift_key = 1, ctrl_key = 2, alt_key = 4 }; // to be added up
+enum modifier { shift_key = 1, ctrl_key = 2, alt_key = 4, super_key = 8 }; // to be added up
 
 struct xserver_settings {
     bool windowmanager = false;              // openbox, too
@@ -85,10 +85,15 @@ class xserver {
     void button(int number, bool down) const;        // 1 left, 2 middle, 3 right
     void key(unsigned long keysym, bool down) const; // keysym of <X11/keysymdef.h>; must be there
 
-    void hold(int modifiers) const;    // presses the left Shift, Ctrl and Alt keys asked for
+    void hold(int modifiers) const;    // presses the keys asked for, the left ones
     void release(int modifiers) const; // and lets them go
     void click(int x, int y, int modifiers = 0, int number = 1) const;
-    void press(unsigned long keysym, int modifiers = 0) const; // and lets go
+    void press(unsigned long keysym, int modifiers = 0) const;  // and lets go
+    void presskey(unsigned char code, int modifiers = 0) const; // by its place on the keyboard
+    void holdkey(unsigned char code, bool down) const;
+    unsigned char place(char letter) const;          // of the key that types it now
+    void setlayout(const std::string& layout) const; // "us", "ru", "us,ru": two groups
+    void lockgroup(unsigned group) const;            // which of them types
     void type(const std::string& ascii) const; // "\n" is Enter, "\t" Tab; what no key makes is out
 
     // Offers text as the selection that a middle click pastes, and serves it until it was taken or
