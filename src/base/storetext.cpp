@@ -99,7 +99,9 @@ bool soundline(reading& r, std::string_view line) {
         r.inentry = true;
         followvalue(r, valueof(line));
     }
-    return valueended;
+    // The toolkit puts a colon behind a key without a value, and the line must not get too long.
+    const bool fits = line.size() + 1 < linesize || iscomment(line) || line.find(':') < line.size();
+    return valueended && fits;
 }
 
 // Values

@@ -14,7 +14,8 @@
 // three are not looked at. Each of the others is one of
 //
 //   [.]  [./group]  [./group/group]   entries of this group follow; 120 bytes at most
-//   key:value                         an entry; without a colon its value is empty
+//   key:value                         an entry; without a colon its value is empty, and the line
+//                                     has 1021 bytes at most
 //   +more                             more of the value; only behind an entry or another "+"
 //   ;comment  #comment
 //
@@ -29,7 +30,7 @@
 [[nodiscard]] std::string storefault(const std::string& text);
 
 // The entries of a group by their keys. The values are as they were given to the toolkit, without
-// escapes; a comment is an entry without a value.
+// escapes; a comment is an entry without a value. A key is cut to 127 bytes.
 using storeentries = std::map<std::string, std::string>;
 
 // The groups of a sound text that have entries, by their names as they stand in the brackets.

@@ -25,8 +25,9 @@
 #include <cstdio>
 
 // Asks for a file and writes the picture. Cancelling ends it without a word. A file that cannot be
-// opened or written in full is told as "Couldn't open %s for writing."; then nothing stands under
-// its name that did not stand there before (replacefile.h).
+// opened or written in full is told as "Couldn't open %s for writing." and the reason; then nothing
+// stands under its name that did not stand there before. Otherwise what did is kept beside it
+// (base/savefile.h).
 void printeps();
 
 // mode other than 0: keeps the matrix m, in OpenGL's order (column, then row), for all pictures to

@@ -111,11 +111,19 @@ TEST_F(Storetext, GroupsHaveALimit) {
 
 TEST_F(Storetext, LongLinesCountAsSeveral) {
     const std::string filler(1023, 'x');
-    EXPECT_EQ(1, check(filler + "x[nogroup]\n"));
+    EXPECT_EQ(1, check("k:" + filler.substr(2) + "x[nogroup]\n"));
     EXPECT_EQ(1, check("[./a]\nx:" + filler + "y:1\n"));
     EXPECT_TRUE(toolkitagrees(readfile(path)));
-    EXPECT_EQ(0, check(filler + "[nogroup]\n"));
-    EXPECT_EQ(0, check(filler + "\n;\n" + filler + ";c\n+7\n"));
+    EXPECT_EQ(0, check("k:" + filler.substr(2) + "[nogroup]\n"));
+    EXPECT_EQ(0, check(";" + filler.substr(1) + "\n;\nk:" + filler.substr(2) + ";c\n+7\n"));
+}
+
+// The toolkit would write it with a colon, and read that line as two.
+TEST_F(Storetext, AKeyWithoutAColonLeavesRoomForOne) {
+    EXPECT_EQ(1, check(std::string(1021, 'k') + "\n"));
+    EXPECT_EQ(0, check(std::string(1022, 'k') + "\n"));
+    EXPECT_EQ(1, check(";" + std::string(1022, 'c') + "\n"));
+    EXPECT_EQ(1, check("k:" + std::string(1021, 'v') + "\n"));
 }
 
 TEST_F(Storetext, TheHeaderIsNotLookedAt) {

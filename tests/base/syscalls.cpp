@@ -30,53 +30,60 @@ struct call_row {
 
 constexpr call_row call_table[] = {
 #ifdef SYS_open
-    {SYS_open,       "open",       0,  false},
-    {SYS_creat,      "creat",      0,  true },
-    {SYS_rename,     "rename",     0,  true },
-    {SYS_unlink,     "unlink",     0,  true },
-    {SYS_rmdir,      "rmdir",      0,  true },
-    {SYS_mkdir,      "mkdir",      0,  true },
-    {SYS_link,       "link",       0,  true },
-    {SYS_symlink,    "symlink",    1,  true },
-    {SYS_chmod,      "chmod",      0,  true },
-    {SYS_chown,      "chown",      0,  true },
-    {SYS_stat,       "stat",       0,  false},
-    {SYS_lstat,      "lstat",      0,  false},
-    {SYS_access,     "access",     0,  false},
-    {SYS_readlink,   "readlink",   0,  false},
+    {SYS_open,        "open",        0,  false},
+    {SYS_creat,       "creat",       0,  true },
+    {SYS_rename,      "rename",      0,  true },
+    {SYS_unlink,      "unlink",      0,  true },
+    {SYS_rmdir,       "rmdir",       0,  true },
+    {SYS_mkdir,       "mkdir",       0,  true },
+    {SYS_link,        "link",        0,  true },
+    {SYS_symlink,     "symlink",     1,  true },
+    {SYS_chmod,       "chmod",       0,  true },
+    {SYS_chown,       "chown",       0,  true },
+    {SYS_stat,        "stat",        0,  false},
+    {SYS_lstat,       "lstat",       0,  false},
+    {SYS_access,      "access",      0,  false},
+    {SYS_readlink,    "readlink",    0,  false},
+#endif
+#ifdef SYS_newfstatat
+    {SYS_newfstatat,  "newfstatat",  1,  false},
+#endif
+#ifdef SYS_fstatat64  // where a long has 32 bits
+    {SYS_fstatat64,   "fstatat64",   1,  false},
+    {SYS_fstat64,     "fstat64",     -1, false},
+    {SYS_ftruncate64, "ftruncate64", -1, true },
 #endif
 #ifdef SYS_renameat
-    {SYS_renameat,   "renameat",   1,  true },
+    {SYS_renameat,    "renameat",    1,  true },
 #endif
-    {SYS_openat,     "openat",     1,  false},
-    {SYS_newfstatat, "newfstatat", 1,  false},
-    {SYS_statx,      "statx",      1,  false},
-    {SYS_fstat,      "fstat",      -1, false},
-    {SYS_faccessat,  "faccessat",  1,  false},
-    {SYS_readlinkat, "readlinkat", 1,  false},
-    {SYS_getdents64, "getdents64", -1, false},
-    {SYS_read,       "read",       -1, false},
-    {SYS_lseek,      "lseek",      -1, false},
-    {SYS_close,      "close",      -1, false},
-    {SYS_flock,      "flock",      -1, false},
-    {SYS_write,      "write",      -1, false}, // into what was opened for it
-    {SYS_pwrite64,   "pwrite64",   -1, false},
-    {SYS_writev,     "writev",     -1, false},
-    {SYS_fsync,      "fsync",      -1, false},
-    {SYS_fallocate,  "fallocate",  -1, true },
-    {SYS_ftruncate,  "ftruncate",  -1, true },
-    {SYS_truncate,   "truncate",   0,  true },
-    {SYS_fchmod,     "fchmod",     -1, true },
-    {SYS_fchmodat,   "fchmodat",   1,  true },
-    {SYS_fchown,     "fchown",     -1, true },
-    {SYS_fchownat,   "fchownat",   1,  true },
-    {SYS_renameat2,  "renameat2",  1,  true },
-    {SYS_unlinkat,   "unlinkat",   1,  true },
-    {SYS_mkdirat,    "mkdirat",    1,  true },
-    {SYS_mknodat,    "mknodat",    1,  true },
-    {SYS_linkat,     "linkat",     1,  true },
-    {SYS_symlinkat,  "symlinkat",  2,  true },
-    {SYS_utimensat,  "utimensat",  1,  true },
+    {SYS_openat,      "openat",      1,  false},
+    {SYS_statx,       "statx",       1,  false},
+    {SYS_fstat,       "fstat",       -1, false},
+    {SYS_faccessat,   "faccessat",   1,  false},
+    {SYS_readlinkat,  "readlinkat",  1,  false},
+    {SYS_getdents64,  "getdents64",  -1, false},
+    {SYS_read,        "read",        -1, false},
+    {SYS_lseek,       "lseek",       -1, false},
+    {SYS_close,       "close",       -1, false},
+    {SYS_flock,       "flock",       -1, false},
+    {SYS_write,       "write",       -1, false}, // into what was opened for it
+    {SYS_pwrite64,    "pwrite64",    -1, false},
+    {SYS_writev,      "writev",      -1, false},
+    {SYS_fsync,       "fsync",       -1, false},
+    {SYS_fallocate,   "fallocate",   -1, true },
+    {SYS_ftruncate,   "ftruncate",   -1, true },
+    {SYS_truncate,    "truncate",    0,  true },
+    {SYS_fchmod,      "fchmod",      -1, true },
+    {SYS_fchmodat,    "fchmodat",    1,  true },
+    {SYS_fchown,      "fchown",      -1, true },
+    {SYS_fchownat,    "fchownat",    1,  true },
+    {SYS_renameat2,   "renameat2",   1,  true },
+    {SYS_unlinkat,    "unlinkat",    1,  true },
+    {SYS_mkdirat,     "mkdirat",     1,  true },
+    {SYS_mknodat,     "mknodat",     1,  true },
+    {SYS_linkat,      "linkat",      1,  true },
+    {SYS_symlinkat,   "symlinkat",   2,  true },
+    {SYS_utimensat,   "utimensat",   1,  true },
 };
 
 // The filter, as the number of the listener: asks about the calls of the table, lets all others be.
@@ -219,6 +226,16 @@ void callwatch::judge(const callverdict& judge) {
     while (listener >= 0 && answer(listener, judge)) {
     }
     close(listener);
+}
+
+bool canwatchcalls() {
+    const pid_t child = fork();
+    if (child == 0) {
+        _exit(installfilter(watchedcalls::writing) < 0 ? 1 : 0);
+    }
+    int status = -1;
+    waitpid(child, &status, 0);
+    return status == 0;
 }
 
 watchedwork watchcalls(const std::function<bool()>& work, const callverdict& judge) {

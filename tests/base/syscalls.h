@@ -29,6 +29,9 @@ struct watchedwork {
     bool good = false;
 };
 
+// Whether this kernel lets calls be watched.
+[[nodiscard]] bool canwatchcalls();
+
 watchedwork watchcalls(const std::function<bool()>& work, const callverdict& judge);
 
 // Which calls are asked about: only those that may write, for a program that makes many.
