@@ -300,32 +300,39 @@ const char* dumpcube() {
 namespace {
 
 // Three places, each with a blank behind it: the gap between two faces is thus two blanks wide.
-void printrow(int first) {
+void appendrow(std::string& net, int first) {
     for (int p = first; p < first + 3; p++) {
-        printf("%c ", color[cubecolors[p]]);
+        net += color[cubecolors[p]];
+        net += ' ';
     }
 }
 
 // U or D, under the second face of the band.
-void printend(int face) {
+void appendend(std::string& net, int face) {
     for (int row = 0; row < 3; row++) {
-        printf("       ");
-        printrow(face * faceplaces + 3 * row);
-        printf("\n");
+        net += "       ";
+        appendrow(net, face * faceplaces + 3 * row);
+        net += '\n';
     }
 }
 
 } // namespace
 
-void drawcube() {
-    printend(0);
-    printf("\n");
+std::string nettext() {
+    std::string net;
+    appendend(net, 0);
+    net += '\n';
     for (int row = 0; row < 3; row++) {
         for (int face = 1; face <= 4; face++) {
-            printrow(face * faceplaces + 3 * row);
-            printf(face < 4 ? " " : "\n");
+            appendrow(net, face * faceplaces + 3 * row);
+            net += face < 4 ? ' ' : '\n';
         }
     }
-    printf("\n");
-    printend(5);
+    net += '\n';
+    appendend(net, 5);
+    return net;
+}
+
+void drawcube() {
+    fputs(nettext().c_str(), stdout);
 }

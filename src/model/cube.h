@@ -25,6 +25,8 @@
 // Order     initcubies() before anything else: the arrays start as zeros.
 #pragma once
 
+#include <string>
+
 constexpr int cubefacecount = 6;
 constexpr int faceplaces = 9; // places of one face; the fifth is its centre
 constexpr int placecount = cubefacecount * faceplaces;
@@ -82,4 +84,5 @@ const char* dumpcube();
 void out2(int a, int b);
 void out3(int a, int b, int c);
 
-void drawcube(); // prints the net above to standard output in colour letters; a debugging aid
+std::string nettext(); // the net above in colour letters, each followed by a blank
+void drawcube();       // prints it to standard output; a debugging aid
