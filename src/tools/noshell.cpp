@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// noshell: src/shell.h for programs without a window. There is a macro line, since the notation
-// works on it, and nothing else: no message is shown, every question is cancelled,
-// no button is labelled, nobody interrupts.
-#include "shell.h"
+#include "tools/noshell.h"
 
-#include <string>
+#include "shell.h"
 
 namespace {
 
@@ -14,6 +11,9 @@ namespace {
 std::string line; // the macro line
 
 } // namespace
+
+std::string lastalert;
+constinit interrupt_question interrupted = nullptr;
 
 const char* macroline() {
     return line.c_str();
@@ -35,7 +35,9 @@ void labelsavebutton(const char* /*text*/) {}
 
 void displaystring(const char* /*text*/) {}
 
-void showalert(const char* /*text*/) {}
+void showalert(const char* text) {
+    lastalert = text == nullptr ? "" : text;
+}
 
 bool askyesno(const char* /*question*/) {
     return false;
@@ -68,7 +70,7 @@ void hidemacrodisplay() {}
 void delay() {}
 
 int alt_q() {
-    return 0;
+    return interrupted != nullptr && interrupted() ? 1 : 0;
 }
 
 void b_cb(Fl_Widget* /*w*/, long /*cmd*/) {}

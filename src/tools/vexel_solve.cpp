@@ -1,223 +1,244 @@
 // SPDX-License-Identifier: MIT
 //
-// vexel-solve: the solver without a window. One cube a line in, one solution a line out.
-//
-// A line that is a macro is a cube made from the solved one by that macro; anything else is taken
-// for the twenty names of a cube's cubies (solver/cubecheck.h) and judged as such.
-#include "model/cube.h"
-#include "model/notation.h"
-#include "model/parser.h"
-#include "model/permutation.h"
-#include "shell.h"
-#include "solver/cubecheck.h"
+// vexel-solve: the solver without a window. One cube a line in, in any of the forms that people
+// write (tools/forms.h), one line of answer out.
 #include "solver/search.h"
 #include "solver/solver.h"
+#include "tools/fields.h"
+#include "tools/forms.h"
+#include "tools/inputs.h"
+#include "tools/jobs.h"
+#include "tools/lines.h"
+#include "tools/messages.h"
+#include "tools/movewriting.h"
 
-#include <algorithm>
-#include <cctype>
-#include <cerrno>
 #include <chrono>
-#include <climits>
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <fstream>
 #include <getopt.h>
-#include <iostream>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace {
 
-enum exit_status { all_solved, some_invalid, bad_usage };
-
 constexpr int least_depth = 14;
 constexpr int greatest_depth = 16;
-constexpr char blanks[] = " \t\n\v\f\r";
 
 struct settings {
     int depth = least_depth;
+    int from = anyform;
+    int to = macroform;
+    int jobs = 1;
     bool verbose = false;
-    const char* file = nullptr; // null or "-" for standard input
+    bool header = false;
+    bool json = false;
+    bool arguments = false;         // the words are cubes, not files
+    std::vector<std::string> words; // files or cubes
 };
 
-const char usage[] = "Usage: vexel-solve [-d DEPTH] [-v] [FILE]\n";
-const char help[] = "Solve the cubes in FILE, or on standard input, one a line.\n"
-                    "\n"
-                    "A line is either the names of the twenty cubies, as in\n"
-                    "  UF UR UB UL DF DR DB DL FR FL BR BL UFR URB UBL ULF DRF DFL DLB DBR\n"
-                    "for the solved cube, or a macro that makes the cube from the solved one.\n"
-                    "For each cube one line is printed: a solution, nothing for a solved cube,\n"
-                    "or \"invalid: \" and what is wrong with it.\n"
-                    "\n"
-                    "  -d, --depth=DEPTH  search to DEPTH quarter turns: 14 (default), 15 or 16;\n"
-                    "                     each step may find shorter solutions and takes longer\n"
-                    "  -v, --verbose      add quarter turns, stage-1 nodes, stage-2 nodes and\n"
-                    "                     seconds, separated by tabs\n"
-                    "      --help         display this help and exit\n"
-                    "      --version      output version information and exit\n"
-                    "\n"
-                    "Exit status is 0, or 1 if a line was invalid, or 2 for wrong usage or a file\n"
-                    "that cannot be read.\n";
+// State
 
-[[noreturn]] void print_and_exit(std::string_view first, std::string_view second) {
-    std::cout << first << second << std::flush;
-    std::exit(std::cout ? all_solved : bad_usage);
+settings asked;
+
+const char usage[] = " [OPTION]... [FILE]...\n";
+const char help[] =
+    "Solve the cubes in the FILEs, or on standard input, one a line.\n"
+    "\n"
+    "A line is a cube, or the turns that make it from the solved one, in any of these forms:\n"
+    "  macro     RuFF*U 3(RU)        as in the window\n"
+    "  moves     R U' F2 E (R U)3    as in books; also in brackets, [R U' F2]\n"
+    "  facelets  54 letters          faces in the order U R F D L B, any six letters\n"
+    "  cubies    UF UR ... DBR       the twenty names, as --to=cubies writes them\n"
+    "For each cube one line is printed: a solution, nothing for a solved cube,\n"
+    "or \"invalid: \" and what is wrong with it.\n"
+    "\n"
+    "  -d, --depth=DEPTH  search to DEPTH quarter turns: 14 (default), 15 or 16;\n"
+    "                     each step may find shorter solutions and takes longer\n"
+    "  -e                 the arguments are cubes, not files\n"
+    "  -f, --from=FORM    the lines are all of this form: macro, moves, facelets or\n"
+    "                     cubies; auto (default) finds out for each line\n"
+    "  -t, --to=FORM      write the solution as a macro (default) or as moves, or the\n"
+    "                     cube itself as facelets or cubies without solving it\n"
+    "  -j, --jobs=N       solve N cubes at once, 1 (default) to 256\n"
+    "  -v, --verbose      add quarter turns, stage-1 nodes, stage-2 nodes and\n"
+    "                     seconds, separated by tabs\n"
+    "      --header       begin with a line of titles\n"
+    "      --json         write a JSON object for each line\n"
+    "  -h, --help         display this help and exit\n"
+    "  -V, --version      output version information and exit\n"
+    "\n"
+    "Exit status is 0, or 1 if a line was invalid or a file could not be read, or 2\n"
+    "for wrong usage or where an answer could not be written.\n";
+
+[[noreturn]] void say_and_exit(const std::string& text) {
+    put(text);
+    flushanswers();
+    std::exit(all_good);
 }
 
-[[noreturn]] void refuse(std::string_view complaint) {
-    std::cerr << "vexel-solve: " << complaint << '\n'
-              << "Try 'vexel-solve --help' for more information.\n";
-    std::exit(bad_usage);
+// A number in digits alone from least to greatest; anything else is refused with the complaint.
+int parse_number(std::string_view text, int least, int greatest, const char* complaint) {
+    for (int number = least; number <= greatest; number++)
+        if (text == std::to_string(number))
+            return number;
+    refuseusage(complaint);
 }
 
-int parse_depth(std::string_view text) {
-    for (int depth = least_depth; depth <= greatest_depth; depth++)
-        if (text == std::to_string(depth))
-            return depth;
-    refuse("the depth must be 14, 15 or 16");
+int parse_form(const char* text, bool any) {
+    const int form = findform(text);
+    if (form < 0 || (form == anyform && !any))
+        refuseusage(std::string(any ? "a form is auto, " : "a form is ") +
+                    "macro, moves, facelets or cubies, not '" + text + "'");
+    return form;
 }
 
-settings parse_arguments(int argc, char** argv) {
-    enum { help_option = 256, version_option };
+enum { header_option = 256, json_option };
 
-    constexpr option options[] = {
-        {"depth",   required_argument, nullptr, 'd'           },
-        {"verbose", no_argument,       nullptr, 'v'           },
-        {"help",    no_argument,       nullptr, help_option   },
-        {"version", no_argument,       nullptr, version_option},
-        {nullptr,   0,                 nullptr, 0             }
+constexpr option options[] = {
+    {"depth",   required_argument, nullptr, 'd'          },
+    {"from",    required_argument, nullptr, 'f'          },
+    {"to",      required_argument, nullptr, 't'          },
+    {"jobs",    required_argument, nullptr, 'j'          },
+    {"verbose", no_argument,       nullptr, 'v'          },
+    {"header",  no_argument,       nullptr, header_option},
+    {"json",    no_argument,       nullptr, json_option  },
+    {"help",    no_argument,       nullptr, 'h'          },
+    {"version", no_argument,       nullptr, 'V'          },
+    {nullptr,   0,                 nullptr, 0            }
+};
+
+void parse_option(int c, char** argv) {
+    switch (c) {
+    case 'd':
+        asked.depth =
+            parse_number(optarg, least_depth, greatest_depth, "the depth must be 14, 15 or 16");
+        break;
+    case 'e': asked.arguments = true; break;
+    case 'f': asked.from = parse_form(optarg, true); break;
+    case 't': asked.to = parse_form(optarg, false); break;
+    case 'j': asked.jobs = parse_number(optarg, 1, mostjobs, "the jobs must be 1 to 256"); break;
+    case 'v': asked.verbose = true; break;
+    case header_option: asked.header = true; break;
+    case json_option: asked.json = true; break;
+    case 'h': say_and_exit("Usage: " + escaped(programname) + usage + help);
+    case 'V': say_and_exit("vexel-solve " VEXEL_VERSION "\n");
+    default: refuseoption(c, argv);
+    }
+}
+
+void parse_arguments(int argc, char** argv) {
+    opterr = 0;
+    for (int c = 0; (c = getopt_long(argc, argv, ":d:ef:t:j:vhV", options, nullptr)) != -1;)
+        parse_option(c, argv);
+    asked.words.assign(argv + optind, argv + argc);
+    if (asked.arguments && asked.words.empty())
+        refuseusage("-e needs a cube");
+}
+
+// Answering
+
+bool solves() {
+    return asked.to == macroform || asked.to == movesform;
+}
+
+std::vector<field> titles() {
+    std::vector<field> fields = {
+        {solves() ? "solution" : formnames[asked.to], textfield, ""}
     };
-    settings s;
-    for (int c = 0; (c = getopt_long(argc, argv, "d:v", options, nullptr)) != -1;) {
-        switch (c) {
-        case 'd': s.depth = parse_depth(optarg); break;
-        case 'v': s.verbose = true; break;
-        case help_option: print_and_exit(usage, help);
-        case version_option: print_and_exit("vexel-solve " VEXEL_VERSION "\n", "");
-        default: // getopt has said what is wrong
-            std::cerr << "Try 'vexel-solve --help' for more information.\n";
-            std::exit(bad_usage);
-        }
-    }
-    if (argc - optind > 1)
-        refuse("more than one file");
-    if (optind < argc)
-        s.file = argv[optind];
-    return s;
+    if (asked.verbose && solves())
+        for (const char* title : {"turns", "stage1", "stage2", "seconds"})
+            fields.push_back({title, numberfield, ""});
+    return fields;
 }
 
-// Input
-
-std::string_view trimmed(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(blanks);
-    if (first == std::string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+std::string in_moves(const std::string& macro) {
+    move_text moves;
+    misfit bad;
+    return readmacro(macro, true, moves, bad) ? bookmoves(moves) : macro;
 }
 
-// The listing of the cube that a macro makes, relative to its centres; null if it is no macro.
-const char* listing_of_macro(const std::string& text) {
-    setmacroline(text.c_str());
-    if (text.size() > INT_MAX || !sanitycheckmacro(text.c_str(), static_cast<int>(text.size())))
-        return nullptr;
-    // The check converts a macro in brackets in the line.
-    const std::string macro = text.starts_with('[') ? macroline() : text;
-    initcubies();
-    parsing = 0;
-    parsestring(macro.c_str(), static_cast<int>(macro.size()));
-    muckcube();
-    return dumpcube();
-}
-
-// Whether anything stands behind the twentieth name, which the check of a listing does not read.
-bool has_surplus(std::string_view text) {
-    for (int names = 0; names < edge_count + corner_count; names++) {
-        text = trimmed(text);
-        text.remove_prefix(std::min(text.find_first_of(blanks), text.size()));
-    }
-    return !trimmed(text).empty();
-}
-
-// Output
-
-void print_invalid(std::string message) {
-    for (char& c : message) // a name may hold what a terminal would obey
-        if (std::iscntrl(static_cast<unsigned char>(c)))
-            c = '?';
-    std::cout << "invalid: " << message << std::endl;
-}
-
-void print_solution(const char* listing, bool verbose) {
+// The solution of the model's cube and what it took, as titles() says.
+void fill_solution(std::vector<field>& fields) {
     while (!initializesolve())
         continue;
+    const std::string cube = cubiestext();
     const auto start = std::chrono::steady_clock::now();
-    const char* const answer = my_user_enters_cube(listing);
+    const char* const answer = my_user_enters_cube(cube.c_str());
     const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
     const std::string solution = std::strcmp(answer, "error") == 0 ? "" : answer;
-    std::cout << solution;
-    if (verbose) {
+    fields[0].value = asked.to == movesform ? in_moves(solution) : solution;
+    if (asked.verbose) {
         char seconds[32];
         std::snprintf(seconds, sizeof seconds, "%.3f", time.count());
-        std::cout << '\t' << solution.size() << '\t' << a_node_count << '\t' << b_node_count << '\t'
-                  << seconds;
+        fields[1].value = std::to_string(solution.size());
+        fields[2].value = std::to_string(a_node_count);
+        fields[3].value = std::to_string(b_node_count);
+        fields[4].value = seconds;
     }
-    std::cout << std::endl;
 }
 
-// 1 if the line is a cube, which is solved, else 0.
-int answer_line(const std::string& line, bool verbose) {
-    std::string text{trimmed(line)};
-    for (char& c : text)
-        if (c == '\0') // would hide what follows it
-            c = '?';
-    if (const char* const listing = listing_of_macro(text)) {
-        print_solution(listing, verbose);
-        return 1;
-    }
-    if (!sanitycheckcube(text.c_str())) {
-        print_invalid(geterrorstring());
-        return 0;
-    }
-    if (has_surplus(text)) {
-        print_invalid("Surplus cubie.");
-        return 0;
-    }
-    print_solution(text.c_str(), verbose);
-    return 1;
+std::vector<field> answer_fields(const read_line& line) {
+    std::vector<field> fields = titles();
+    makecube(line);
+    if (solves())
+        fill_solution(fields);
+    else
+        fields[0].value = asked.to == faceletsform ? faceletstext() : cubiestext();
+    return fields;
 }
 
-int answer_all(std::istream& in, const char* name, bool verbose) {
-    int status = all_solved;
-    for (std::string line; std::getline(in, line);) {
-        if (!answer_line(line, verbose))
-            status = some_invalid;
-        if (!std::cout) {
-            std::cerr << "vexel-solve: write error: " << std::strerror(errno) << '\n';
-            return bad_usage;
-        }
+line_answer answer_line(const asked_line& line) {
+    static read_line read; // keeps its room from line to line
+    const bool good = readasked(line, asked.from, read);
+    line_answer answer = {good, "", notelines(line, read)};
+    std::vector<field> fields = good ? answer_fields(read) : errorfields(read);
+    if (asked.json) {
+        fields.insert(fields.begin(), {"line", numberfield, std::to_string(line.number)});
+        answer.out = jsonobject(fields);
+    } else {
+        answer.out = good ? tablerow(fields) : invalidtext(read) + "\n";
     }
-    if (in.bad()) {
-        std::cerr << "vexel-solve: " << name << ": " << std::strerror(errno) << '\n';
-        return bad_usage;
-    }
-    return status;
+    return answer;
+}
+
+bool all_lines(const std::function<void(const asked_line&)>& take,
+               const std::function<void(const line_reader&)>& wait) {
+    return asked.arguments ? eachargument(asked.words, take) : eachline(asked.words, take, wait);
+}
+
+bool answer_here() {
+    bool good = true;
+    const bool whole = all_lines(
+        [&](const asked_line& line) {
+            const line_answer answer = answer_line(line);
+            good = answer.good && good;
+            putanswer(answer);
+            if (solves())
+                flushanswers();
+        },
+        [](const line_reader&) { flushanswers(); });
+    flushanswers();
+    return good && whole;
+}
+
+bool answer_in_jobs() {
+    while (solves() && !initializesolve())
+        continue;
+    startjobs(asked.jobs, answer_line);
+    const bool whole = all_lines(givejob, waitforinput);
+    return endjobs() && whole;
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
-    std::signal(SIGPIPE, SIG_IGN); // a closed pipe is a write error
-    std::ios::sync_with_stdio(false);
-    const settings s = parse_arguments(argc, argv);
-    setsearchdepth(s.depth);
-    if (s.file == nullptr || std::string_view(s.file) == "-")
-        return answer_all(std::cin, "standard input", s.verbose);
-    std::ifstream in(s.file, std::ios::binary);
-    if (!in) {
-        std::cerr << "vexel-solve: " << s.file << ": " << std::strerror(errno) << '\n';
-        return bad_usage;
-    }
-    return answer_all(in, s.file, s.verbose);
+    keepstandardfiles();
+    nameprogram(argv[0]);
+    parse_arguments(argc, argv);
+    setsearchdepth(asked.depth);
+    if (asked.header && !asked.json)
+        put(titlerow(titles()));
+    return (asked.jobs > 1 ? answer_in_jobs() : answer_here()) ? all_good : some_invalid;
 }

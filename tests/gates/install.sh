@@ -11,10 +11,14 @@ trap 'rm -rf "$prefix"' EXIT
 
 sizes="16 22 24 32 48 64 128 256"
 expected=$(LC_ALL=C sort << 'END'
+bin/vexel-macro
 bin/vexel-solve
 games/vexel
 share/applications/vexel.desktop
 share/icons/hicolor/scalable/apps/vexel.svg
+share/bash-completion/completions/vexel-macro
+share/bash-completion/completions/vexel-solve
+share/man/man1/vexel-macro.1
 share/man/man1/vexel-solve.1
 share/man/man5/vexel-macros.5
 share/man/man6/vexel.6
@@ -28,6 +32,7 @@ share/doc/vexel/examples/patterns.macros
 share/doc/vexel/first-steps.md
 share/doc/vexel/formats.md
 share/doc/vexel/manual.md
+share/doc/vexel/scripts.md
 share/doc/vexel/pictures/collector.png
 share/doc/vexel/pictures/permutation.png
 share/doc/vexel/pictures/window.png
@@ -65,5 +70,6 @@ if command -v groff > /dev/null; then
         [[ -z $complaints ]] || { echo "$complaints"; exit 1; }
     done
 fi
+[[ $(echo "R U" | "$prefix/bin/vexel-macro" --order) == 105 ]]
 [[ $("$prefix/bin/vexel-solve" --version) == "vexel-solve "* ]]
 [[ $(echo RU | "$prefix/bin/vexel-solve") == ur ]]
