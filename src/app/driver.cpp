@@ -19,7 +19,9 @@ namespace {
 
 // State
 
-constinit bool resting = false; // the driver was at work when it was told to rest
+constinit int rests = 0;        // how often it was told to rest and not yet to wake
+constinit bool resting = false; // it was at work before the first of them
+constinit bool inmenu = false;  // a menu is open, and has it rest
 
 void takequeuedturn() {
     startturn(turns[turn]);
@@ -37,6 +39,7 @@ void waitfortimeout() {
 
 void quietpass() {
     Fl::wait();
+    watchmenus(nullptr);
     if (needsredraw != 0) {
         cube->redraw();
         needsredraw = 0;
@@ -48,8 +51,8 @@ void quietpass() {
     waitfortimeout();
 }
 
-// The frame of ttime = TURNTIME - 1 applies the turn. It is painted by the delay of the pass after
-// the one that asked for it, but nobody asked for it where a turn starts on its last frame (the
+// The frame of ttime = TURNTIME - 1 applies the turn. The toolkit paints it when the pass
+// that asked for it is over, but nobody asked for it where a turn starts on its last frame (the
 // first turn at speed 1) or where the speed was changed to just this frame. And none is painted in
 // a window that is out of sight. No turn may be lost.
 void makesureitlands() {
@@ -90,6 +93,7 @@ void animationpass() {
 
 void IdleFunc(void*) {
     delay();
+    watchmenus(nullptr); // one that came and went in the delay would leave the driver at rest
     if (cube->visible_r() == 0) {
         waitfortimeout(); // out of sight: turns and demo go on when it is back
     } else if (turnmode != noturn) {
@@ -106,6 +110,9 @@ void timeoutfunc(void*) {
 }
 
 void restdriver() {
+    if (rests++ > 0) {
+        return;
+    }
     resting = Fl::has_idle(IdleFunc, nullptr) != 0 || Fl::has_timeout(timeoutfunc, nullptr) != 0;
     Fl::remove_idle(IdleFunc, nullptr);
     Fl::remove_timeout(timeoutfunc, nullptr);
@@ -115,10 +122,18 @@ void restdriver() {
 }
 
 void wakedriver() {
-    if (resting && Fl::has_idle(IdleFunc, nullptr) == 0) {
+    if (--rests == 0 && resting && Fl::has_idle(IdleFunc, nullptr) == 0) {
         Fl::add_idle(IdleFunc, nullptr);
     }
-    resting = false;
+}
+
+// An open menu runs the toolkit's loop as a box does, but tells nobody. It grabs the mouse.
+void watchmenus(void*) {
+    const bool open = Fl::grab() != nullptr;
+    if (open != inmenu) {
+        inmenu = open;
+        open ? restdriver() : wakedriver();
+    }
 }
 
 void finishturn() {

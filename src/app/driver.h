@@ -20,9 +20,11 @@ void IdleFunc(void*);    // one pass; the toolkit's idle callback while there is
 void timeoutfunc(void*); // brings IdleFunc back after a quiet tenth of a second
 
 // For the time of a box (interlude.h): nothing moves, and the toolkit sleeps between two events.
-// Of a driver that was not registered they change nothing. They do not nest.
+// Of a driver that was not registered they change nothing. They nest.
 void restdriver();
 void wakedriver();
+
+void watchmenus(void*); // the toolkit's check, at each turn of its loop: rests while a menu is open
 
 void finishturn(); // ends the turn in progress at once: it is applied, its frames are skipped
 

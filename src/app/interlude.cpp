@@ -9,7 +9,6 @@ namespace {
 
 // State
 
-constinit int interludes = 0;
 std::string lasttext; // what Fl::event_text() points at once an event was put back
 
 std::string eventtext() {
@@ -32,13 +31,9 @@ keptevent::~keptevent() {
 }
 
 interlude::interlude() {
-    if (interludes++ == 0) {
-        restdriver();
-    }
+    restdriver();
 }
 
 interlude::~interlude() {
-    if (--interludes == 0) {
-        wakedriver();
-    }
+    wakedriver();
 }

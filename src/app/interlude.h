@@ -7,12 +7,13 @@
 //           would be gone:
 //             the event    Fl::event_key() and its kin tell of the key that closed the box;
 //             the quiet    the driver would go on playing turns, or spin without being able to.
-// State     how many interludes there are, one inside the other; private.
+// State     the text of the last event that was put back; private.
 // Callers   messages, solvecube; whoever else opens a box that waits for its answer.
 //
 // Behind a box     nothing moves: the turn in progress stays at its frame, the queue and the demo
 //                  wait, the program sleeps until the next event. The view is painted when it must
 //                  be. When the last box closes, all goes on from there.
+// Behind a menu    the same, by the driver's own watch (driver.h).
 // The collector    is no such box: it returns at once, and turns and the demo go on behind it.
 #pragma once
 

@@ -2,6 +2,7 @@
 #include "app/mainwindow.h"
 
 #include "app/dispatch.h"
+#include "app/driver.h"
 #include "app/macroline.h"
 #include "app/menu.h"
 #include "app/my_input.h"
@@ -177,6 +178,7 @@ void makeui() {
 void makeform(const char* title) {
     form = new Fl_Window(735, 462, title);
     form->callback(close_cb);
+    Fl::add_check(watchmenus, nullptr);
     makeui();
     cube = new cube_box(2, 24, 436, 436);
     cube->mode(FL_DOUBLE);
