@@ -40,8 +40,10 @@ class DemoMacro : public testing::Test {
     }
 };
 
-TEST_F(DemoMacro, TheFirstOfARunIsKnown) {
+TEST_F(DemoMacro, TheFirstThreeOfARunAreKnown) {
     EXPECT_EQ("R*BLRFDl*FDrDBBfr*RUduL", makeupmacro());
+    EXPECT_EQ("Lbll*URl*BLrF*URd*LBF*BL*BL*RULU", makeupmacro());
+    EXPECT_EQ("DDLRfR*BLbbl*RUbb*DFLF", makeupmacro());
 }
 
 TEST_F(DemoMacro, TheCycleBringsTheCubeBack) {
@@ -118,6 +120,13 @@ TEST_F(DemoMacro, ALongMacroIsCutBetweenGroups) {
     EXPECT_EQ(times(33, "2(FRU)"), cut(times(40, "2(FRU)")));
     EXPECT_EQ(times(190, "U"), cut(times(190, "U") + "123(FRUFRUFRU)"));
     EXPECT_EQ(times(190, "U"), cut(times(190, "U") + "s(FRUFRUFRU)"));
+}
+
+TEST_F(DemoMacro, NoDigitIsPartedFromItsGroup) {
+    for (char digit = '0'; digit <= '9'; ++digit) {
+        SCOPED_TRACE(digit);
+        EXPECT_EQ(times(198, "U"), cut(times(198, "U") + digit + "(FRU)"));
+    }
 }
 
 TEST_F(DemoMacro, OneLongGroupIsCutBetweenPairs) {

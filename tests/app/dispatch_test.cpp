@@ -27,6 +27,7 @@
 #include <algorithm>
 #include <climits>
 #include <cstdlib>
+#include <functional>
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
@@ -38,6 +39,7 @@ class Dispatch : public testing::Test {
     void SetUp() override {
         openwindow();
         initrecording();
+        initsavedcube();
         recordstop();
         out->value("0");
         inp->clear_changed();
@@ -346,6 +348,86 @@ TEST_F(Dispatch, ACommandThatEndsTheDemoLeavesARecordingAlone) {
         EXPECT_EQ(demomode, 0);
         EXPECT_EQ(recording, 1);
         settle();
+    }
+}
+
+TEST_F(Dispatch, AGuardedCommandEndsTheDemoAndDoesNothingElse) {
+    for (const long cmd : {100L, 101L, 102L, 104L, 106L, 107L, 112L}) {
+        SCOPED_TRACE(cmd);
+        initcubies();
+        turnandsettle(8); // something to undo and to reset
+        inp->value("RU");
+        b_cb(nullptr, 111);
+        applyturn(0); // a turn of the demo has landed: the cube is not solved
+        undosave(0);
+        const std::string before = net();
+        const int undoable = undoptr;
+        EXPECT_EQ(boxesof([cmd] { b_cb(nullptr, cmd); }), 0);
+        EXPECT_EQ(demomode, 0);
+        EXPECT_STREQ(demo->label(), "Start Demo");
+        EXPECT_EQ(turns[turn], noturn);
+        EXPECT_EQ(net(), before);
+        EXPECT_EQ(undoptr, undoable);
+        EXPECT_EQ(turnmode, noturn);
+        EXPECT_STREQ(inp->value(), "RU");
+        settle();
+    }
+}
+
+TEST_F(Dispatch, EveryOtherCommandDoesItsWorkDuringTheDemo) {
+    constexpr int any = -1; // the cube that is solved depends on how far the demo has come
+
+    const struct {
+        long cmd;
+        int boxes; // or any number
+        std::function<bool()> done;
+    } rows[] = {
+        {109, 1,   [] { return true; }                             },
+        {113, 0,   [] { return showrear == 0; }                    },
+        {113, 0,   [] { return showrear == 1; }                    },
+        {114, 0,   [] { return Fl::modal() != nullptr; }           },
+        {115, 1,   [] { return true; }                             },
+        {116, 0,   [] { return recording == 1; }                   },
+        {117, 0,   [] { return issavedcube == 1; }                 },
+        {117, 0,   [] { return issavedcube == 0; }                 },
+        {118, 1,   [] { return true; }                             },
+        {119, 1,   [] { return true; }                             },
+        {120, 0,   [] { return tryhard == 1; }                     },
+        {121, 0,   [] { return tryhard == 2; }                     },
+        {121, 0,   [] { return tryhard == 0; }                     },
+        {123, 1,   [] { return true; }                             },
+        {124, 1,   [] { return true; }                             },
+        {125, 1,   [] { return true; }                             },
+        {126, 1,   [] { return true; }                             },
+        {127, 0,   [] { return showmac[0] == 0; }                  },
+        {128, 1,   [] { return true; }                             },
+        {129, 1,   [] { return true; }                             },
+        {108, any, [] { return std::string(inp->value()) != "RU"; }},
+        {122, 0,   [] { return maccount == 0; }                    },
+    };
+
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.cmd);
+        inp->value("RU");
+        showmac[0] = row.cmd == 127 ? 1 : 0;
+        demomode = 0;
+        b_cb(nullptr, 111);
+        clearqueue();
+        const int boxes = boxesof([&] { b_cb(nullptr, row.cmd); });
+        EXPECT_TRUE(row.boxes == any || row.boxes == boxes) << boxes;
+        EXPECT_TRUE(row.done());
+        EXPECT_EQ(demomode, 1);
+        EXPECT_STREQ(demo->label(), "Stop Demo");
+        leavecollector();
+        stopdemo();
+        settle();
+    }
+    for (int code = 0; code < turncount; ++code) {
+        b_cb(nullptr, 111);
+        b_cb(nullptr, code);
+        EXPECT_EQ(turnmode, code);
+        EXPECT_EQ(demomode, 1);
+        stopdemo();
     }
 }
 

@@ -10,6 +10,7 @@
 #include <FL/Fl.H>
 #include <X11/keysym.h>
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <string>
 
@@ -242,4 +243,27 @@ TEST_F(Driver, ATurnAtTheNewSpeedOfOneIsStillUntilItLands) {
     EXPECT_EQ(exposedview(), still);
     passestoend();
     EXPECT_EQ(colours(), coloursafter("R"));
+}
+
+TEST_F(Driver, ADelayWaitsAMillisecond) {
+    settle();
+    Fl::remove_idle(IdleFunc, nullptr);
+    Fl::remove_timeout(timeoutfunc, nullptr);
+    double shortest = 1;
+    for (int i = 0; i < 50; ++i) {
+        const double start = now();
+        delay();
+        shortest = std::min(shortest, now() - start);
+    }
+    Fl::add_idle(IdleFunc, nullptr);
+    EXPECT_LT(shortest, 0.005);
+    double whole = 0;
+    for (int i = 0; i < 3 && whole < 0.0005; ++i) { // an event may come in and end one at once
+        Fl::remove_idle(IdleFunc, nullptr);
+        const double start = now();
+        delay();
+        whole = now() - start;
+        Fl::add_idle(IdleFunc, nullptr);
+    }
+    EXPECT_GE(whole, 0.0005);
 }

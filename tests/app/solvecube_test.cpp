@@ -12,7 +12,6 @@
 #include "model/parser.h"
 #include "model/recording.h"
 #include "model/turns.h"
-#include "solver/search.h"
 
 #include <FL/Fl.H>
 #include <FL/Fl_Output.H>
@@ -130,12 +129,30 @@ TEST_F(Solvecube, ACubeThatCannotBeIsToldAndLeavesAnEmptyLine) {
     EXPECT_FALSE(panelshown());
 }
 
+// One cube whose answer gets another one with each step deeper; by vexel-solve -d 14, 15 and 16.
 TEST_F(Solvecube, TheLongSolvesSearchDeeper) {
-    domacro("r");
-    for (tryhard = 0; tryhard < 3; ++tryhard) {
+    constexpr const char* scramble = "UUDFbuFFUURRDRLLfrbUbDDBBf";
+
+    constexpr struct {
+        long cmd;
+        const char* answer;
+    } rows[] = {
+        {100, "FLbublflfLLDFBuFFdRRUUdFFu"}, // no such solve asked for
+        {120, "ulfdlFFRBdFdBuluBBDLLFFd"  }, // Long Solve
+        {121, "ulflUfdBDRRuLLfbuRRFFu"    }, // Very Long Solve
+    };
+
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.cmd);
+        b_cb(nullptr, row.cmd);
+        initcubies();
+        domacro(scramble);
         solveandclose();
-        EXPECT_EQ(solvedepth, 14 + tryhard);
+        EXPECT_STREQ(inp->value(), row.answer);
+        domacro(row.answer);
+        EXPECT_EQ(solved(), 1);
     }
+    tryhard = 0;
 }
 
 TEST_F(Solvecube, AnInterruptedSearchKeepsTheBestAnswerSoFar) {

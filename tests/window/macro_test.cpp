@@ -70,6 +70,35 @@ TEST_F(Macro, IsAppliedAtOnceInThreeWays) {
     EXPECT_TRUE(showsmodel());
 }
 
+// The key is the line's own too: it takes the cursor to the start.
+TEST_F(Macro, CtrlAWithTheKeyboardInTheLineAppliesOnceAndEdits) {
+    vexel.setspeed(999);
+    vexel.typemacro("R*U");
+    screen.press('a', ctrl_key);
+    domacro("R*U");
+    ASSERT_TRUE(showsmodel());
+    vexel.setspeed(1);
+    vexel.click(macroplace.x + macroplace.w - 8, macroplace.y + 9);
+    screen.press('a', ctrl_key);
+    domacro("R*U");
+    ASSERT_TRUE(showsmodel());
+    screen.type("F\n");
+    domacro("FR*U");
+    EXPECT_TRUE(showsmodel());
+}
+
+TEST_F(Macro, BehindABoxAMacroWaitsAndTheProgramSleeps) {
+    vexel.setspeed(150);
+    vexel.playmacro("RUFLBD");
+    ASSERT_TRUE(waitfor(10, [this] { return !vexel.shows(cubecolors); })); // it turns
+    vexel.choose("About Vexel");
+    vexel.waitdialog();
+    EXPECT_TRUE(waitfor(10, [this] { return vexel.child().isquiet(0.5); }));
+    vexel.answer(XK_Return);
+    domacro("RUFLBD");
+    EXPECT_TRUE(showsmodel(60));
+}
+
 TEST_F(Macro, ArrowKeysStepForwardsAndBackwards) {
     vexel.typemacro("U*FR");
 
