@@ -232,6 +232,25 @@ TEST_F(Solve, OrderAndPermutationAreToldAndTheCubeStays) {
     EXPECT_TRUE(showsmodel());
 }
 
+// What the view paints while the box stands, left of the box, is the cube as it was before.
+TEST_F(Solve, BehindAnOrderTheCubeIsTheOneThatIsThere) {
+    vexel.pushbutton("Ucw");
+    applyturn(0);
+    ASSERT_TRUE(showsmodel());
+    vexel.typemacro("RU");
+    ASSERT_TRUE(vexel.waitquiet());
+    const rectangle part = {20, 60, 140, 360};
+    const picture before = vexel.part(part);
+    const rectangle window = screen.place(vexel.window());
+    vexel.pushbutton("Macro Order");
+    ASSERT_NE(0UL, vexel.waitdialog());
+    screen.uncover(screen.cover({window.x + part.x, window.y + part.y, part.w, part.h}));
+    EXPECT_TRUE(waitfor(20, [&] { return vexel.part(part) == before; }));
+    screen.press(XK_Return);
+    ASSERT_TRUE(vexel.waitnodialog());
+    EXPECT_TRUE(showsmodel());
+}
+
 TEST_F(Solve, OneCubeIsSavedAndRestored) {
     domacro("RF");
     vexel.playmacro("RF");
