@@ -267,8 +267,7 @@ int writeinplace(const fs::path& path, const std::string& content, oldcontent fa
     if (error != 0 && unknown == 0) {
         static_cast<void>(overwrite(file.number(), before));
     }
-    const int last = file.closed();
-    return error == 0 ? last : error;
+    return error; // what closing says after fsync changes nothing any more
 }
 
 int writedevice(const std::string& path, const std::string& content) {

@@ -22,6 +22,19 @@ namespace fs = std::filesystem;
 const std::string oldtext(5000, 'o');
 const std::string newtext(20000, 'n');
 
+constexpr struct {
+    int error;
+    bool lasting; // whether all calls from there on fail
+} fault_table[] = {
+    {ENOSPC, false},
+    {EIO,    false},
+    {EIO,    true },
+    {EACCES, false},
+    {EACCES, true },
+    {EINTR,  false},
+    {killed, false},
+};
+
 // Whether a signal can break off the call.
 bool waits(const std::string& call) {
     constexpr const char* all[] = {"open",  "openat", "read",      "write",
@@ -37,12 +50,12 @@ class Faults : public testing::Test {
         }
     }
 
-    // Runs the work once with each of its calls failing with each error, from a fresh folder each
-    // time. Returns how many calls it makes.
+    // Runs the work once with each of its calls failing, and once with all behind it failing too,
+    // from a fresh folder each time. Returns how many calls it makes.
     int faileach(const std::function<void()>& prepare, const std::function<bool()>& work,
                  const std::string& before) {
         int calls = 0;
-        for (const int error : {ENOSPC, EIO, EACCES, EINTR, killed}) {
+        for (const auto& row : fault_table) {
             bool reached = true;
             for (int n = 0; reached; ++n) {
                 fresh(prepare);
@@ -50,14 +63,15 @@ class Faults : public testing::Test {
                 int at = 0;
                 const watchedwork done = watchcalls(work, [&](const systemcall& call) {
                     name = at == n ? call.name + " " + call.path : name;
-                    return at++ == n ? error : 0;
+                    const int now = at++;
+                    return now == n || (now > n && row.lasting) ? row.error : 0;
                 });
                 reached = n < at;
                 calls = n;
                 SCOPED_TRACE("call " + std::to_string(n) + ", " + name + ", error " +
-                             std::to_string(error));
+                             std::to_string(row.error));
                 expectwhole(done, before);
-                if (error == EINTR && reached && waits(name.substr(0, name.find(' ')))) {
+                if (row.error == EINTR && reached && waits(name.substr(0, name.find(' ')))) {
                     EXPECT_TRUE(done.good) << "a signal is no reason to fail";
                 }
             }
@@ -85,7 +99,7 @@ class Faults : public testing::Test {
 
     scratchhome home;
     std::string path = home.file("d/x");
-    bool keeps = false;
+    bool keeps = false; // whether the old content must be kept
 };
 
 } // namespace
@@ -98,6 +112,27 @@ TEST_F(Faults, AReplacedFileIsOldOrNew) {
     EXPECT_GT(faileach([&] { writefile(path, oldtext); },
                        [&] { return replacefile(path, newtext) == 0; }, oldtext),
               5);
+}
+
+// A disk that stays broken can tear such a file; one that recovers cannot.
+TEST_F(Faults, AFileThatIsWrittenItselfIsOldOrNewUnlessItIsKilled) {
+    int calls = 0;
+    for (const int error : {ENOSPC, EIO, EACCES, EINTR}) {
+        bool reached = true;
+        for (calls = 0; reached; ++calls) {
+            fresh([&] { writefile(path, oldtext); });
+            fs::create_hard_link(path, home.file("d/second"));
+            int at = 0;
+            const watchedwork done =
+                watchcalls([&] { return replacefile(path, newtext) == 0; },
+                           [&](const systemcall&) { return at++ == calls ? error : 0; });
+            reached = calls < at;
+            SCOPED_TRACE("call " + std::to_string(calls) + ", error " + std::to_string(error));
+            expectwhole(done, oldtext);
+            EXPECT_TRUE(readfile(path) == readfile(home.file("d/second")));
+        }
+    }
+    EXPECT_GT(calls, 5);
 }
 
 TEST_F(Faults, ASavedFileIsOldOrNewAndWhatWasThereIsKept) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "base/readfile.h"
 #include "base/scratch.h"
+#include "base/syscalls.h"
 
 #include <cerrno>
 #include <filesystem>
@@ -41,7 +42,7 @@ class Readfile : public testing::Test {
 
 TEST_F(Readfile, ReadsAllBytesOfAFile) {
     const std::string bytes("a\0b\r\n\xff", 6);
-    for (const std::size_t size : {0, 1, 16383, 16384, 16385, 100000}) {
+    for (const std::size_t size : {0U, 1U, 16383U, 16384U, 16385U, 100000U}) {
         std::string content;
         while (content.size() < size) {
             content += bytes;
@@ -83,6 +84,22 @@ TEST_F(Readfile, AFileBehindALinkIsRead) {
     writefile(path, "content");
     fs::create_symlink("x", home.file("link"));
     EXPECT_EQ(0, errorof(home.file("link")));
+}
+
+TEST_F(Readfile, ADiskThatStaysBrokenIsAnErrorAndNotWaitedFor) {
+    if (!canwatchcalls()) {
+        GTEST_SKIP() << "this kernel does not let system calls be watched";
+    }
+    writefile(path, std::string(50000, 'x'));
+    int reads = 0;
+    const watchedwork done = watchcalls(
+        [&] {
+            std::string content;
+            return readregular(path, content, 100000) == EIO && content.empty();
+        },
+        [&](const systemcall& call) { return call.name == "read" && ++reads > 1 ? EIO : 0; });
+    EXPECT_TRUE(done.good);
+    EXPECT_EQ(2, reads);
 }
 
 TEST_F(Readfile, NoDescriptorIsLeftOpen) {

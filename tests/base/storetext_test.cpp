@@ -140,7 +140,7 @@ TEST_F(Storetext, TheDamagedLineIsNamed) {
 }
 
 TEST_F(Storetext, LongKeysAreCutAsTheToolkitCutsThem) {
-    for (const std::size_t size : {126, 127, 128, 200}) {
+    for (const std::size_t size : {126U, 127U, 128U, 200U}) {
         const std::string line = "[./a]\n" + std::string(size, 'k') + ":value\n";
         EXPECT_EQ(1, check(line));
         EXPECT_TRUE(toolkitagrees(header + line)) << size;

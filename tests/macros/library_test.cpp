@@ -271,6 +271,7 @@ TEST_F(Library, DeletingAllEmptiesTheTableAndLeavesTheStore) {
     deleteallmacros();
     EXPECT_EQ(0, maccount);
     EXPECT_EQ("", macstrs[0]);
+    EXPECT_EQ(0, std::count(showmac, showmac + maxmacros, 1));
     EXPECT_EQ((texts{"showmacros()", "refreshmacrodisplay()"}), shell.requests);
     EXPECT_TRUE(preferencecalls.empty());
     EXPECT_TRUE(shell.messages.empty());

@@ -114,8 +114,8 @@ TEST_F(Macrofile, AnyOtherCarriageReturnIsPartOfTheText) {
 }
 
 TEST_F(Macrofile, AByteOrderMarkIsPassedOver) {
-    load("\xef\xbb\xbfone\n\xef\xbb\xbfRU\n");
-    EXPECT_EQ((texts{"one|\xef\xbb\xbfRU"}), table());
+    load("\xef\xbb\xbfone\n\xef\xbb\xbfRU\n\xef\xbb\xbftwo\nF\n");
+    EXPECT_EQ((texts{"one|\xef\xbb\xbfRU", "\xef\xbb\xbftwo|F"}), table());
     initlibrary();
     load("\xef\xbbone\nRU\n");
     EXPECT_EQ((texts{"\xef\xbbone|RU"}), table());
