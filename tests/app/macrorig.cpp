@@ -69,13 +69,19 @@ void lookfordialog(void* data) {
     }
 }
 
+// While it is there the toolkit's loop sleeps nowhere: a dialog that is answered from a timeout
+// ends without an event, and so does the loop that the dialog runs.
+void stayawake(void*) {}
+
 } // namespace
 
 std::vector<std::string> answering(const std::vector<std::optional<std::string>>& answers,
                                    const std::function<void()>& command) {
     dialogs all = {answers, {}};
     Fl::add_timeout(0.01, lookfordialog, &all);
+    Fl::add_idle(stayawake);
     command();
+    Fl::remove_idle(stayawake);
     Fl::remove_timeout(lookfordialog, &all);
     EXPECT_EQ(answers.size(), all.texts.size());
     return all.texts;
