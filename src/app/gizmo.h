@@ -19,6 +19,8 @@
 class Fl_Widget;
 class Fl_Window;
 
+constexpr int paneldistance = 740; // from the left edge of the main window to that of the panel
+
 extern Fl_Window* macrowindow; // the panel; null until it is made. It stays where it was made
 
 // Callback of the buttons: ends a recording and applies macro number data, which it also chooses in

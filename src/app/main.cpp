@@ -4,7 +4,9 @@
 //
 // The random generator is never seeded: scrambles repeat from run to run, so that two people can
 // talk about "the third scramble".
+#include "app/desktop.h"
 #include "app/driver.h"
+#include "app/gizmo.h"
 #include "app/mainwindow.h"
 #include "app/messages.h"
 #include "app/ownrandom.h"
@@ -27,8 +29,6 @@
 #include <cstdlib>
 
 namespace {
-
-constexpr int gizmodistance = 740; // from the left edge of the window to that of the gizmo panel
 
 // The toolkit's last words, for instance about a display that cannot be opened.
 [[noreturn]] void failure(const char* format, ...) {
@@ -66,25 +66,13 @@ void waitforwindow() {
     }
 }
 
-// A window manager gives the keyboard to the window that came last, the gizmo panel; this asks it
-// to give it back. The toolkit has no words for that.
-void askforkeyboard() {
-    XEvent event = {};
-    event.xclient.type = ClientMessage;
-    event.xclient.window = fl_xid(form);
-    event.xclient.message_type = XInternAtom(fl_display, "_NET_ACTIVE_WINDOW", False);
-    event.xclient.format = 32;
-    event.xclient.data.l[0] = 1; // the message comes from a program, not from a pager
-    const long mask = SubstructureRedirectMask | SubstructureNotifyMask;
-    XSendEvent(fl_display, RootWindow(fl_display, fl_screen), False, mask, &event);
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
     givehomeback();
     partrandom();
     opendisplay();
+    introducewindows();
     choosefonts();
     initdrawface();
     initcubies();
@@ -99,8 +87,8 @@ int main(int argc, char** argv) {
     cube->show();
     initcubies();
     waitforwindow();
-    macrodisplay(form->x() + gizmodistance, form->y());
-    askforkeyboard();
+    macrodisplay(form->x() + paneldistance, form->y());
+    takekeyboard(); // a window manager gave it to the window that came last, the panel
     cube->take_focus();
     Fl::add_idle(IdleFunc, nullptr);
     tellheldalerts();

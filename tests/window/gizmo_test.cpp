@@ -162,9 +162,79 @@ TEST_F(ManagedGizmoPanel, StandsBesideTheWindowAndLeavesItTheKeyboard) {
     ASSERT_TRUE(waitpanel(true));
     const rectangle r = screen.place(panel());
     const rectangle m = screen.place(vexel.window());
-    EXPECT_NEAR(m.x + 740, r.x, 20); // the screen ends there
-    EXPECT_NEAR(m.y, r.y, 40);       // a frame's title
+    EXPECT_NEAR(m.x + 740, r.x, 4); // a frame's side
+    EXPECT_LE(r.x + r.w, screenwidth);
+    EXPECT_NEAR(m.y, r.y, 40); // a frame's title
     vexel.altletter('r');
     applyturn(6);
     EXPECT_TRUE(showsmodel());
+}
+
+TEST_F(ManagedGizmoPanel, APressHandsTheKeyboardBack) {
+    ASSERT_TRUE(waitpanel(true));
+    press(0);
+    initcubies();
+    domacro("RRLLUUDDFFBB");
+    ASSERT_TRUE(showsmodel());
+    ASSERT_TRUE(waitfor(10, [&] { return screen.focused() == vexel.window(); }));
+    vexel.altletter('u'); // with the mouse still over the panel
+    applyturn(0);
+    ASSERT_TRUE(showsmodel());
+    screen.press('z', ctrl_key);
+    applyturn(1);
+    EXPECT_TRUE(showsmodel());
+    screen.press('r', ctrl_key);
+    initcubies();
+    EXPECT_TRUE(showsmodel());
+}
+
+TEST_F(ManagedGizmoPanel, KeysPressedInItReachTheMainWindow) {
+    ASSERT_TRUE(waitpanel(true));
+
+    const struct {
+        unsigned long key;
+        int modifiers;
+        int turn;
+    } rows[] = {
+        {'u', alt_key,             0},
+        {'r', alt_key | shift_key, 7},
+        {'z', ctrl_key,            6},
+    };
+
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.key);
+        screen.focus(panel());
+        screen.press(row.key, row.modifiers);
+        applyturn(row.turn);
+        ASSERT_TRUE(showsmodel());
+    }
+    vexel.typemacro("F");
+    screen.focus(panel());
+    initcubies();
+    applyturn(0);
+    applyturn(8);
+    vexel.holdkey(XK_Right, cubecolors); // a step through the line, which had the keyboard
+    screen.focus(panel());
+    screen.press('q', ctrl_key);
+    EXPECT_EQ(vexel.child().waitexit(30), std::optional<int>(0));
+}
+
+TEST_F(ManagedGizmoPanel, EscapeClosesThePanelAlone) {
+    ASSERT_TRUE(waitpanel(true));
+    screen.focus(panel());
+    screen.press(XK_Escape);
+    EXPECT_TRUE(waitpanel(false));
+    EXPECT_TRUE(showsmodel());
+}
+
+TEST_F(ManagedGizmoPanel, BelongsToTheMainWindowAndHasAName) {
+    ASSERT_TRUE(waitpanel(true));
+    EXPECT_TRUE(waitfor(10, [&] { // a property comes after the window
+        return screen.property(panel(), "_NET_WM_NAME") == "Macro Gizmo" &&
+               screen.number(panel(), "WM_TRANSIENT_FOR") == vexel.window();
+    }));
+    screen.minimise(vexel.window());
+    EXPECT_TRUE(waitpanel(false));
+    screen.activate(vexel.window());
+    EXPECT_TRUE(waitpanel(true));
 }

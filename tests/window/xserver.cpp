@@ -232,6 +232,20 @@ std::string xserver::property(windowid window, const char* name) const {
     return value;
 }
 
+unsigned long xserver::number(windowid window, const char* name) const {
+    const std::string value = property(window, name);
+    unsigned long first = 0;
+    std::memcpy(&first, value.data(), std::min(sizeof first, value.size()));
+    return first;
+}
+
+windowid xserver::focused() const {
+    Window has = 0;
+    int revert = 0;
+    XGetInputFocus(connection, &has, &revert);
+    return has;
+}
+
 std::string xserver::title(windowid window) const {
     return property(window, "WM_NAME");
 }
@@ -291,13 +305,8 @@ void xserver::focus(windowid window) const {
     } else {
         XSetInputFocus(connection, window, RevertToParent, CurrentTime);
     }
-    const bool focused = waitfor(5, [this, window] {
-        Window has = 0;
-        int revert = 0;
-        XGetInputFocus(connection, &has, &revert);
-        return has == window;
-    });
-    if (!focused && visible(window)) {
+    const bool done = waitfor(5, [this, window] { return focused() == window; });
+    if (!done && visible(window)) {
         throw std::runtime_error("a window does not get the keyboard: " + title(window));
     }
 }

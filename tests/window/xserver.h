@@ -62,7 +62,10 @@ class xserver {
     std::vector<windowid> children(windowid window) const; // bottom first
     std::string title(windowid window) const;
     std::string property(windowid window, const char* name) const; // a text property; "" for none
-    rectangle place(windowid window) const; // on the screen; all 0 when it is gone
+    unsigned long number(windowid window,
+                         const char* name) const; // first of a property; 0 for none
+    windowid focused() const;                     // the window that has the keyboard
+    rectangle place(windowid window) const;       // on the screen; all 0 when it is gone
     bool visible(windowid window) const;
 
     void focus(windowid window) const; // gives it the keyboard
