@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "window/process.h"
 
+#include "window/confine.h"
+
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
@@ -68,6 +70,9 @@ namespace {
         value.empty() ? unsetenv(name.c_str()) : setenv(name.c_str(), value.c_str(), 1);
     }
     if (!settings.folder.empty() && chdir(settings.folder.c_str()) != 0) {
+        _exit(127);
+    }
+    if (!settings.writable.empty() && !confine(settings.writable)) {
         _exit(127);
     }
     std::vector<char*> arguments;

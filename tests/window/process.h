@@ -37,9 +37,10 @@ class scratchfolder {
 struct process_settings {
     std::vector<std::string> command; // the program, looked for in PATH, and its arguments
     std::vector<std::pair<std::string, std::string>> environment = {}; // changed; "" removes
-    std::string output = "/dev/null"; // file for standard output and standard error
-    std::string folder = "";          // to work in; "" is the test's own
-    int kept = -1;                    // a file descriptor to leave open in the child; -1 for none
+    std::string output = "/dev/null";       // file for standard output and standard error
+    std::string folder = "";                // to work in; "" is the test's own
+    std::vector<std::string> writable = {}; // if any: all it may write to (confine.h)
+    int kept = -1; // a file descriptor to leave open in the child; -1 for none
 };
 
 class process {

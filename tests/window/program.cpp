@@ -71,6 +71,9 @@ program::program(xserver& server, const program_settings& settings) : screen(ser
     }
     start.output = output_path;
     start.folder = home_path;
+    if (settings.confined) {
+        start.writable = {home_path, "/dev/null", "/dev/shm", "/dev/dri"};
+    }
     running = std::make_unique<process>(start);
     if (settings.wait) {
         waitforwindow();

@@ -45,7 +45,8 @@ struct program_settings {
     std::string home = "";                   // its home folder; "" makes one for this run
     std::string preload = "";                // a library to load before all others
     std::vector<std::pair<std::string, std::string>> environment = {}; // more of it; "" removes
-    bool wait = true; // until the window shows; a program that must fail has none
+    bool confined = false; // it can write nothing outside its home folder (confine.h)
+    bool wait = true;      // until the window shows; a program that must fail has none
 };
 
 class program {

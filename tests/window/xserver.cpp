@@ -280,6 +280,11 @@ void xserver::askmanager(windowid window, const char* what, long first, long sec
     XSync(connection, 0);
 }
 
+void xserver::move(windowid window, int x, int y) const {
+    XMoveWindow(connection, window, x, y);
+    XSync(connection, 0);
+}
+
 void xserver::minimise(windowid window) const {
     XIconifyWindow(connection, window, DefaultScreen(connection));
     XSync(connection, 0);
@@ -292,6 +297,10 @@ void xserver::rollup(windowid window, bool up) const {
 
 void xserver::activate(windowid window) const {
     askmanager(window, "_NET_ACTIVE_WINDOW", 2); // as a pager asks
+}
+
+void xserver::todesktop(windowid window, int number) const {
+    askmanager(window, "_NET_WM_DESKTOP", number, 2); // as a pager asks
 }
 
 void xserver::godesktop(int number) const {

@@ -71,12 +71,14 @@ class xserver {
     void focus(windowid window) const; // gives it the keyboard
     void close(windowid window) const; // asks it to close, as the button in its frame does
     void resize(windowid window, int w, int h) const;
+    void move(windowid window, int x, int y) const;
 
     // What a person has the window manager do. Each is only asked for: wait for visible().
     void minimise(windowid window) const;
-    void rollup(windowid window, bool up) const; // leaves only the title bar
-    void activate(windowid window) const;        // brings it back and gives it the keyboard
-    void godesktop(int number) const;            // shows desktop 0.. of several
+    void rollup(windowid window, bool up) const;       // leaves only the title bar
+    void activate(windowid window) const;              // brings it back and gives it the keyboard
+    void godesktop(int number) const;                  // shows desktop 0.. of several
+    void todesktop(windowid window, int number) const; // puts the window there
 
     // A plain window of the test's own on top of everything; uncover() takes it away again.
     windowid cover(rectangle r) const;
