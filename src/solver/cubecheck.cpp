@@ -25,18 +25,23 @@ constexpr const char* const corner_cubie_string[] = {
 namespace {
 
 constexpr bool flips_are_reversals() {
-    for (int i = 0; i < edge_count; i++)
+    for (int i = 0; i < edge_count; i++) {
         if (edge_cubie_string[i][0] != edge_cubie_string[i + edge_count][1] ||
-            edge_cubie_string[i][1] != edge_cubie_string[i + edge_count][0])
+            edge_cubie_string[i][1] != edge_cubie_string[i + edge_count][0]) {
             return false;
+        }
+    }
     return true;
 }
 
 constexpr bool twists_are_rotations() {
-    for (int i = 0; i < 2 * corner_count; i++)
-        for (int k = 0; k < 3; k++)
-            if (corner_cubie_string[i + corner_count][k] != corner_cubie_string[i][(k + 1) % 3])
+    for (int i = 0; i < 2 * corner_count; i++) {
+        for (int k = 0; k < 3; k++) {
+            if (corner_cubie_string[i + corner_count][k] != corner_cubie_string[i][(k + 1) % 3]) {
                 return false;
+            }
+        }
+    }
     return true;
 }
 
@@ -51,16 +56,19 @@ const char* next_name(const char* text, char* name, std::size_t size) {
     constexpr char blanks[] = " \t\n\v\f\r";
     text += std::strspn(text, blanks);
     std::size_t length = 0;
-    while (length < size - 1 && *text != '\0' && std::strchr(blanks, *text) == nullptr)
+    while (length < size - 1 && *text != '\0' && std::strchr(blanks, *text) == nullptr) {
         name[length++] = *text++;
+    }
     name[length] = '\0';
     return text;
 }
 
 int find_name(const char* name, const char* const* list, int count) {
-    for (int i = 0; i < count; i++)
-        if (std::strcmp(name, list[i]) == 0)
+    for (int i = 0; i < count; i++) {
+        if (std::strcmp(name, list[i]) == 0) {
             return i;
+        }
+    }
     return -1;
 }
 
@@ -72,22 +80,25 @@ void compose(const char* format, const char* insertion) {
 // The orientation is in the quotient of a name's index, the cubie in the rest.
 int orientation_sum(const int* cubies, int count) {
     int sum = 0;
-    for (int i = 0; i < count; i++)
+    for (int i = 0; i < count; i++) {
         sum += cubies[i] / count;
+    }
     return sum;
 }
 
 int permutation_parity(const int* cubies, int count) {
     int perm[edge_count];
-    for (int i = 0; i < count; i++)
+    for (int i = 0; i < count; i++) {
         perm[i] = cubies[i] % count;
+    }
     return parity_of_perm_n(count, perm);
 }
 
 // Each sticker of each cubie must be there once: that also finds a name given twice differently.
 bool is_duplicated(const cube_struc& cube, bool edges) {
-    if (!edges)
+    if (!edges) {
         return check_perm_n(3 * corner_count, cube.corners) != 0;
+    }
     int readings[2 * edge_count];
     std::memcpy(readings, cube.edges, sizeof cube.edges);
     std::memcpy(readings + edge_count, cube.edges_flipped, sizeof cube.edges_flipped);
@@ -103,32 +114,38 @@ const char* geterrorstring() {
 }
 
 void read_cubies(const char* text, cubie_names& names) {
-    for (auto& name : names.edge)
+    for (auto& name : names.edge) {
         text = next_name(text, name, std::size(name));
-    for (auto& name : names.corner)
+    }
+    for (auto& name : names.corner) {
         text = next_name(text, name, std::size(name));
+    }
 }
 
 int parse_cubies(const cubie_names& names, cube_struc& cube) {
     for (int i = 0; i < edge_count; i++) {
         cube.edges[i] = find_name(names.edge[i], edge_cubie_string, 2 * edge_count);
-        if (cube.edges[i] < 0)
+        if (cube.edges[i] < 0) {
             return i;
+        }
     }
     for (int i = 0; i < corner_count; i++) {
         cube.corners[i] = find_name(names.corner[i], corner_cubie_string, 3 * corner_count);
-        if (cube.corners[i] < 0)
+        if (cube.corners[i] < 0) {
             return edge_count + i;
+        }
     }
     return edge_count + corner_count;
 }
 
 int check_cube(cube_struc& cube) {
     // 1. The other readings of every cubie.
-    for (int i = 0; i < edge_count; i++)
+    for (int i = 0; i < edge_count; i++) {
         cube.edges_flipped[i] = (cube.edges[i] + edge_count) % (2 * edge_count);
-    for (int i = corner_count; i < 3 * corner_count; i++)
+    }
+    for (int i = corner_count; i < 3 * corner_count; i++) {
         cube.corners[i] = (cube.corners[i - corner_count] + corner_count) % (3 * corner_count);
+    }
     // 2, 3. Each cubie once.
     if (is_duplicated(cube, true)) {
         errorstring = "Duplicate edge cubie.";

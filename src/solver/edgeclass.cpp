@@ -14,9 +14,11 @@ namespace {
 std::uint16_t class_by_least[edge_class_count]; // the classes in order of their representatives
 
 void find_corner_steps() {
-    for (int t = 0; t < a_twist_count; t++)
-        for (int x = 0; x < a_corner_size; x++)
+    for (int t = 0; t < a_twist_count; t++) {
+        for (int x = 0; x < a_corner_size; x++) {
             a_corner_steps[x].after[t] = static_cast<std::uint16_t>(twist_on_corner_ptrs[t][x]);
+        }
+    }
 }
 
 // The classes in order of their distances, so that those near the goal lie close together.
@@ -69,7 +71,7 @@ classified_edges classify_edges(int a_edges) {
             symmetry = s;
         }
     }
-    const std::uint16_t* const found =
+    const std::uint16_t* found =
         std::lower_bound(class_by_least, class_by_least + edge_class_count, least,
                          [](std::uint16_t c, int wanted) { return edge_class_edges[c] < wanted; });
     return {*found, static_cast<std::uint8_t>(symmetry), eflip_eloc_dist_table[a_edges]};

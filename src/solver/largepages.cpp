@@ -17,7 +17,7 @@ void ask_for_large_pages() {
 #ifdef MADV_HUGEPAGE
     constexpr std::size_t large_page = std::size_t{1} << 21;
     void* begin = __bss_start;
-    void* const end = _end;
+    void* end = _end;
     if (begin == nullptr || end == nullptr) {
         return;
     }

@@ -69,7 +69,7 @@ void add(const lead_table& table, std::uint32_t hash, std::uint32_t leads) {
     const std::uint32_t tag = hash << lead_bits;
     const std::uint32_t first = hash >> table.shift;
     std::uint32_t* cell = table.cells + std::size_t{first} * bucket_size;
-    const std::uint32_t* const end = cell + std::size_t{reach(table)} * bucket_size;
+    const std::uint32_t* end = cell + std::size_t{reach(table)} * bucket_size;
     while (*cell != 0 && (*cell ^ tag) > lead_mask) {
         cell++;
         assert(cell < end); // beyond, the cell would not tell the number

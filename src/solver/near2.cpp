@@ -37,8 +37,9 @@ template <typename visitor> void for_each_next(state x, int cost, visitor visit)
     const b_steps& corners = b_corner_steps[classes_of_cornerperm.representatives[x.corner_class]];
     const b_steps& edges = b_edge_steps[x.edgeperm];
     for (int t = 0; t < b_twist_count; t++) {
-        if (b_metric_length[t] != cost)
+        if (b_metric_length[t] != cost) {
             continue;
+        }
         const classified to = classes_of_cornerperm.of[corners.after[t]];
         const int edgeperm = symmetry_on_edgeperm[edges.after[t]][to.symmetry];
         const int midperm = symmetry_on_midperm[twist_on_midperm_ptrs[t][x.midperm]][to.symmetry];
@@ -53,8 +54,10 @@ template <typename visitor> void for_each_next(state x, int cost, visitor visit)
 
 // Enters a state at a distance, or nearer, into the sieves that are not filled yet.
 void enter(state x, int distance, int radius) {
-    for (int half = std::max(near2_radius / 2 + 1, (distance + 1) / 2); half <= radius / 2; half++)
+    for (int half = std::max(near2_radius / 2 + 1, (distance + 1) / 2); half <= radius / 2;
+         half++) {
         sieve_add(near2_sieves[static_cast<std::size_t>(half)], number_of(x));
+    }
 }
 
 // The states within near2_greatest that are not within near2_ordinary, from the last two layers
@@ -95,11 +98,12 @@ void near2_tables_init() {
         return;
     }
     symmetry_perm_tables_init();
-    for (int t = 0; t < b_twist_count; t++)
+    for (int t = 0; t < b_twist_count; t++) {
         for (int x = 0; x < cornerperm_size; x++) {
             b_corner_steps[x].after[t] = b_twist_on_cornerperm_ptrs[t][x];
             b_edge_steps[x].after[t] = twist_on_edgeperm_ptrs[t][x];
         }
+    }
 }
 
 bool near2_extend(int radius) {

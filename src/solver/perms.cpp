@@ -8,9 +8,11 @@ void perm_n_unpack(int n, int index, int* perm) {
         perm[i] = index % (n - i);
         index /= n - i;
         // Right of i only the order was known; making room for perm[i] turns ranks into values.
-        for (int j = i + 1; j < n; j++)
-            if (perm[j] >= perm[i])
+        for (int j = i + 1; j < n; j++) {
+            if (perm[j] >= perm[i]) {
                 perm[j]++;
+            }
+        }
     }
 }
 
@@ -18,8 +20,9 @@ int perm_n_pack(int n, const int* perm) {
     int index = 0;
     for (int i = 0; i < n; i++) {
         index *= n - i;
-        for (int j = i + 1; j < n; j++)
+        for (int j = i + 1; j < n; j++) {
             index += perm[j] < perm[i];
+        }
     }
     return index;
 }
@@ -27,8 +30,9 @@ int perm_n_pack(int n, const int* perm) {
 int check_perm_n(int n, const int* perm) {
     unsigned seen = 0;
     for (int i = 0; i < n; i++) {
-        if (perm[i] < 0 || perm[i] >= n)
+        if (perm[i] < 0 || perm[i] >= n) {
             return 1;
+        }
         seen |= 1u << perm[i];
     }
     return seen != (1u << n) - 1;
@@ -36,9 +40,11 @@ int check_perm_n(int n, const int* perm) {
 
 int parity_of_perm_n(int n, const int* perm) {
     int inversions = 0;
-    for (int i = 0; i < n; i++)
-        for (int j = i + 1; j < n; j++)
+    for (int i = 0; i < n; i++) {
+        for (int j = i + 1; j < n; j++) {
             inversions += perm[i] > perm[j];
+        }
+    }
     return inversions % 2;
 }
 
@@ -57,6 +63,7 @@ void four_cycle(int* p, int a, int b, int c, int d) {
 }
 
 void conjugate_perm_n(int n, const int* p, const int* q, int* out) {
-    for (int i = 0; i < n; i++)
+    for (int i = 0; i < n; i++) {
         out[q[i]] = q[p[i]];
+    }
 }

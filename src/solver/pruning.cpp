@@ -13,9 +13,11 @@ namespace {
 // of the same face before them in the list.
 std::vector<int> needed_twists(const int* lengths, const int* const* faces, int twists) {
     std::vector<int> needed;
-    for (int t = 0; t < twists; t++)
-        if (t == 0 || faces[t] != faces[t - 1] || lengths[t] != 2 * lengths[t - 1])
+    for (int t = 0; t < twists; t++) {
+        if (t == 0 || faces[t] != faces[t - 1] || lengths[t] != 2 * lengths[t - 1]) {
             needed.push_back(t);
+        }
+    }
     return needed;
 }
 
@@ -40,14 +42,17 @@ template <typename image_function, typename x_entry, typename y_entry> class cla
         enter(row_of(goal.number)[image(goal.symmetry, goal_x, goal_y)], 0);
         const int rows = static_cast<int>(classes.representatives.size());
         for (int d = 0; left > 0 && d < unreached; d++) {
-            for (int number = 0; number < rows; number++)
+            for (int number = 0; number < rows; number++) {
                 complete(number, d);
+            }
             const bool many = left > rows * y_size / 2;
-            for (int number = 0; number < rows; number++)
-                if (many)
+            for (int number = 0; number < rows; number++) {
+                if (many) {
                     walk_from(number, d);
-                else
+                } else {
                     walk_back(number, d + 1);
+                }
+            }
         }
     }
 
@@ -55,9 +60,10 @@ template <typename image_function, typename x_entry, typename y_entry> class cla
     template <typename entry> void copy(entry* table, int x_stride, int y_stride) const {
         for (int x = 0; x < static_cast<int>(classes.of.size()); x++) {
             const classified place = classes.of[static_cast<std::size_t>(x)];
-            const std::uint8_t* const row = cells.data() + place.number * y_size;
-            for (int y = 0; y < y_size; y++)
+            const std::uint8_t* row = cells.data() + place.number * y_size;
+            for (int y = 0; y < y_size; y++) {
                 table[x * x_stride + y * y_stride] = row[image(place.symmetry, x, y)];
+            }
         }
     }
 
@@ -66,17 +72,20 @@ template <typename image_function, typename x_entry, typename y_entry> class cla
 
     // A representative that looks the same from elsewhere is as far from there.
     void complete(int number, int d) {
-        std::uint8_t* const row = row_of(number);
+        std::uint8_t* row = row_of(number);
         const auto at = static_cast<std::size_t>(number);
-        for (unsigned rest = classes.stabilizer[at] & ~1u; rest != 0; rest &= rest - 1)
-            for (int y = 0; y < y_size; y++)
-                if (row[y] == d)
+        for (unsigned rest = classes.stabilizer[at] & ~1u; rest != 0; rest &= rest - 1) {
+            for (int y = 0; y < y_size; y++) {
+                if (row[y] == d) {
                     enter(row[image(std::countr_zero(rest), classes.representatives[at], y)], d);
+                }
+            }
+        }
     }
 
     // All twists from the states of a row that are at distance d.
     void walk_from(int number, int d) {
-        const std::uint8_t* const row = row_of(number);
+        const std::uint8_t* row = row_of(number);
         const int x = classes.representatives[static_cast<std::size_t>(number)];
         int count = 0;
         for (int y = 0; y < y_size; y++) {
@@ -87,7 +96,7 @@ template <typename image_function, typename x_entry, typename y_entry> class cla
         for (const int t : twists) {
             const int x_after = x_moves[t][x];
             const classified to = classes.of[static_cast<std::size_t>(x_after)];
-            std::uint8_t* const to_row = row_of(to.number);
+            std::uint8_t* to_row = row_of(to.number);
             for (int i = 0; i < count; i++) {
                 const int y_after = y_moves[t][found[static_cast<std::size_t>(i)]];
                 enter(to_row[image(to.symmetry, x_after, y_after)], d + lengths[t]);
@@ -98,26 +107,30 @@ template <typename image_function, typename x_entry, typename y_entry> class cla
     // When few are left it is quicker to ask each of them for a neighbour in the right layer. The
     // twists' inverses are among the twists.
     void walk_back(int number, int d) {
-        std::uint8_t* const row = row_of(number);
+        std::uint8_t* row = row_of(number);
         const int x = classes.representatives[static_cast<std::size_t>(number)];
-        for (int y = 0; y < y_size; y++)
-            if (row[y] == unreached && has_neighbour(x, y, d))
+        for (int y = 0; y < y_size; y++) {
+            if (row[y] == unreached && has_neighbour(x, y, d)) {
                 enter(row[y], d);
+            }
+        }
     }
 
     bool has_neighbour(int x, int y, int d) {
         for (const int t : twists) {
             const int x_after = x_moves[t][x];
             const classified to = classes.of[static_cast<std::size_t>(x_after)];
-            if (row_of(to.number)[image(to.symmetry, x_after, y_moves[t][y])] == d - lengths[t])
+            if (row_of(to.number)[image(to.symmetry, x_after, y_moves[t][y])] == d - lengths[t]) {
                 return true;
+            }
         }
         return false;
     }
 
     void enter(std::uint8_t& cell, int d) {
-        if (cell <= d)
+        if (cell <= d) {
             return;
+        }
         left -= cell == unreached;
         cell = static_cast<std::uint8_t>(d);
     }

@@ -27,7 +27,7 @@ constexpr int marked_edges[3][4] = {
 int sliceedge_of(const cube_struc& cube, const int (&marked)[4]) {
     int labels[edge_count];
     for (int i = 0; i < edge_count; i++) {
-        const int* const found = std::find(marked, marked + 4, cube.edges[i] % edge_count);
+        const int* found = std::find(marked, marked + 4, cube.edges[i] % edge_count);
         labels[i] = found == marked + 4 ? 0 : static_cast<int>(found - marked) + 1;
     }
     return sliceedge_pack(labels);
@@ -51,20 +51,25 @@ constinit long long b_node_count = 0;
 
 void process_cube(cube_struc& cube) {
     int values[edge_count];
-    for (int i = 0; i < corner_count; i++)
+    for (int i = 0; i < corner_count; i++) {
         values[i] = cube.corners[i] / corner_count;
+    }
     cube.a_corner = a_corner_pack(values);
-    for (int i = 0; i < edge_count; i++)
+    for (int i = 0; i < edge_count; i++) {
         values[i] = cube.edges[i] / edge_count;
+    }
     cube.a_eflip = a_eflip_pack(values);
-    for (int i = 0; i < edge_count; i++)
+    for (int i = 0; i < edge_count; i++) {
         values[i] = cube.edges[i] % edge_count >= 8;
+    }
     cube.a_eloc = a_eloc_pack(values);
-    for (int i = 0; i < corner_count; i++)
+    for (int i = 0; i < corner_count; i++) {
         values[i] = cube.corners[i] % corner_count;
+    }
     cube.cornerperm = perm_n_pack(corner_count, values);
-    for (int slot = 0; slot < 3; slot++)
+    for (int slot = 0; slot < 3; slot++) {
         cube.sliceedge[slot] = sliceedge_of(cube, marked_edges[slot]);
+    }
 }
 
 void solve_cube(cube_struc& cube) {
@@ -73,22 +78,25 @@ void solve_cube(cube_struc& cube) {
     p_current_cube = &cube;
     shortest_solution = unreached;
     error = 0;
-    if (metric == quarter_turn_metric && cube.corner_parity != 1)
+    if (metric == quarter_turn_metric && cube.corner_parity != 1) {
         shortest_solution = unreached + 1;
+    }
     // 2. The least depth.
     const int lower = std::max({int{corner_eflip_dist_ptrs[cube.a_corner][cube.a_eflip]},
                                 int{corner_eloc_dist_ptrs[cube.a_corner][cube.a_eloc]},
                                 int{eflip_eloc_dist_ptrs[cube.a_eflip][cube.a_eloc]}});
-    if (lower > unreached)
+    if (lower > unreached) {
         return;
+    }
     a_node_count = 0;
     b_node_count = 0;
     // 3. Depth by depth. A solvedepth below the first one is passed over.
     // Deliberate: NOT-BUGS.md, "A depth below the least one"
     for (int depth = lower;; depth++) {
         stage2_allotment = shortest_solution - depth - increment;
-        if (stage2_allotment < 0)
+        if (stage2_allotment < 0) {
             return;
+        }
         if (!grow_tables(depth)) {
             error = 1;
             return;
@@ -100,8 +108,9 @@ void solve_cube(cube_struc& cube) {
             error = 1;
             return;
         }
-        if (depth == solvedepth || depth + 1 > unreached)
+        if (depth == solvedepth || depth + 1 > unreached) {
             return;
+        }
     }
 }
 
@@ -115,18 +124,21 @@ int stage1_search(a_node* stack) {
 
 void output_solution(const a_node* stage1_stack, const b_node* stage2_stack) {
     outputstring[0] = '\0';
-    for (const a_node* node = stage1_stack; node->remaining > 0; node++)
+    for (const a_node* node = stage1_stack; node->remaining > 0; node++) {
         append(my_a_twist_string[node[1].twist]);
-    for (const b_node* node = stage2_stack; node->remaining > 0; node++)
+    }
+    for (const b_node* node = stage2_stack; node->remaining > 0; node++) {
         append(my_b_twist_string[node[1].twist]);
+    }
     shortest_solution = stage1_stack->remaining + stage2_stack->remaining;
     stage2_allotment = stage2_stack->remaining - increment;
 }
 
 int testclick() {
     constexpr int calls_a_question = 70001;
-    if (++clicks < calls_a_question)
+    if (++clicks < calls_a_question) {
         return 0;
+    }
     clicks = 0;
     return alt_q();
 }

@@ -25,8 +25,9 @@ struct sieve {
 
 template <std::size_t count> constexpr int words_of(const int (&log_words)[count]) {
     int words = 0;
-    for (const int log : log_words)
+    for (const int log : log_words) {
         words += 1 << log;
+    }
     return words;
 }
 
@@ -69,8 +70,9 @@ class sieve_filler {
     sieve_filler& operator=(const sieve_filler&) = delete;
 
     ~sieve_filler() {
-        for (const sieve_bits& member : waiting)
+        for (const sieve_bits& member : waiting) {
             *member.word |= member.bits;
+        }
     }
 
     void add(std::uint64_t number) {

@@ -58,8 +58,9 @@ cube_struc cube;    // the cube of the last my_user_enters_cube
 } // namespace
 
 int initializesolve() {
-    if (steps_done < step_count)
+    if (steps_done < step_count) {
         steps[steps_done++]();
+    }
     return steps_done == step_count;
 }
 
@@ -71,8 +72,9 @@ const char* my_user_enters_cube(const char* text) {
     outputstring[0] = '\0';
     cubie_names names;
     read_cubies(text, names);
-    if (parse_cubies(names, cube) < edge_count + corner_count || check_cube(cube))
+    if (parse_cubies(names, cube) < edge_count + corner_count || check_cube(cube)) {
         return nullptr;
+    }
     process_cube(cube);
     solve_cube(cube);
     return outputstring[0] != '\0' ? outputstring : "error";

@@ -168,7 +168,7 @@ bool stage1_walk::walk_list(const visit_list& list, int level) {
                 return false;
             }
         }
-        const visit* const chunk = list.nodes + begin;
+        const visit* chunk = list.nodes + begin;
         gather(chunk, count);
         sift_by_bits(chunk, level, out);
         sift_by_leads(chunk, level, out);

@@ -101,7 +101,7 @@ class stage1_walk {
     bool too_far(const visit& node) const;
     void junction(const visit& node);
 
-    a_node* const stack;
+    a_node* stack;
     const int kept;        // length up to which leads are kept
     const bool bits_known; // if the bits of the greatest length are filled
     std::uint32_t allowed[sequence_state_count] = {}; // twists, by the state of the sequence

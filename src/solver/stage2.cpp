@@ -20,7 +20,7 @@ int cornerperm_after(const a_node* stage1_stack) {
 
 // The next twist that may lead there, from where the node's loop stands. false if none is left.
 bool next_twist(b_node* node) {
-    b_node* const next = node + 1;
+    b_node* next = node + 1;
     const b_steps& corner_after = b_corner_steps[node->cornerperm];
     const b_steps& edge_after = b_edge_steps[node->b_edgeperm];
     for (int t = next->twist + 1; t < b_twist_count; t++) {

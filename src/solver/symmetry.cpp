@@ -30,53 +30,64 @@ int face_of(char letter) {
 }
 
 void find_face_images() {
-    for (int s = 0; s < symmetry_count; s++)
+    for (int s = 0; s < symmetry_count; s++) {
         for (int face = 0; face < twist_face_count; face++) {
             int image = face;
-            for (int i = 0; i < s % 4; i++)
+            for (int i = 0; i < s % 4; i++) {
                 image = face_of(quarter_turn_faces[image]);
-            if (s & 4)
+            }
+            if (s & 4) {
                 image = face_of(half_turn_faces[image]);
-            if (s & mirror_bit)
+            }
+            if (s & mirror_bit) {
                 image = face_of(mirror_faces[image]);
+            }
             face_images[s][face] = image;
         }
+    }
 }
 
 unsigned faces_of(const char* name) {
     unsigned faces = 0;
-    for (; *name != '\0'; name++)
+    for (; *name != '\0'; name++) {
         faces |= 1u << face_of(*name);
+    }
     return faces;
 }
 
 // The position whose name has the images of the faces that this position's name has.
 int image_of_position(int s, const char* const* names, int position) {
     unsigned wanted = 0;
-    for (int face = 0; face < twist_face_count; face++)
-        if (faces_of(names[position]) >> face & 1)
+    for (int face = 0; face < twist_face_count; face++) {
+        if (faces_of(names[position]) >> face & 1) {
             wanted |= 1u << face_images[s][face];
+        }
+    }
     int image = 0;
-    while (faces_of(names[image]) != wanted)
+    while (faces_of(names[image]) != wanted) {
         image++;
+    }
     return image;
 }
 
 void find_position_images() {
     for (int s = 0; s < symmetry_count; s++) {
-        for (int i = 0; i < edge_count; i++)
+        for (int i = 0; i < edge_count; i++) {
             edge_images[s][i] = image_of_position(s, edge_cubie_string, i);
-        for (int i = 0; i < corner_count; i++)
+        }
+        for (int i = 0; i < corner_count; i++) {
             corner_images[s][i] = image_of_position(s, corner_cubie_string, i);
+        }
     }
 }
 
 void find_twist_images() {
-    for (int s = 0; s < symmetry_count; s++)
+    for (int s = 0; s < symmetry_count; s++) {
         for (int t = 0; t < a_twist_count; t++) {
             const int turn = s & mirror_bit ? 2 - t % 3 : t % 3;
             symmetry_on_twist[s][t] = static_cast<std::uint8_t>(3 * face_images[s][t / 3] + turn);
         }
+    }
 }
 
 void find_images_of_twist_sets() {
@@ -92,18 +103,23 @@ void find_images_of_twist_sets() {
 }
 
 void find_products() {
-    for (int b = 0; b < symmetry_count; b++)
-        for (int a = 0; a < symmetry_count; a++)
+    for (int b = 0; b < symmetry_count; b++) {
+        for (int a = 0; a < symmetry_count; a++) {
             for (int s = 0; s < symmetry_count; s++) {
                 bool equal = true;
-                for (int face = 0; face < twist_face_count; face++)
+                for (int face = 0; face < twist_face_count; face++) {
                     equal = equal && face_images[s][face] == face_images[b][face_images[a][face]];
-                if (!equal)
+                }
+                if (!equal) {
                     continue;
+                }
                 symmetry_on_symmetry[b][a] = static_cast<std::uint8_t>(s);
-                if (s == 0)
+                if (s == 0) {
                     inverse_symmetry[a] = static_cast<std::uint8_t>(b);
+                }
             }
+        }
+    }
 }
 
 void find_corner_images() {
@@ -112,8 +128,9 @@ void find_corner_images() {
         a_corner_unpack(x, twists);
         for (int s = 0; s < symmetry_count; s++) {
             int image[corner_count];
-            for (int i = 0; i < corner_count; i++)
+            for (int i = 0; i < corner_count; i++) {
                 image[corner_images[s][i]] = s & mirror_bit ? (3 - twists[i]) % 3 : twists[i];
+            }
             symmetry_on_corner[x][s] = static_cast<std::uint16_t>(a_corner_pack(image));
         }
     }
@@ -137,8 +154,9 @@ void find_edge_images() {
             int flips[edge_count];
             int image[edge_count];
             a_eflip_unpack(x, flips);
-            for (int i = 0; i < edge_count; i++)
+            for (int i = 0; i < edge_count; i++) {
                 image[edge_images[s][i]] = flips[i];
+            }
             symmetry_on_flips[s][x] = static_cast<std::uint16_t>(a_eflip_pack(image));
         }
     }
@@ -158,17 +176,20 @@ void find_edgeperm_images() {
     std::iota(perm, perm + layer_edges, 0);
     for (int x = 0; x < b_edgeperm_size; x++, std::next_permutation(perm, perm + layer_edges)) {
         symmetry_on_edgeperm[x][0] = static_cast<std::uint16_t>(x);
-        for (const int s : {1, 4, mirror_bit})
+        for (const int s : {1, 4, mirror_bit}) {
             symmetry_on_edgeperm[x][s] =
                 static_cast<std::uint16_t>(image_of_perm(layer_edges, edge_images[s], perm));
+        }
     }
     for (auto& images : symmetry_on_edgeperm) {
         images[2] = symmetry_on_edgeperm[images[1]][1];
         images[3] = symmetry_on_edgeperm[images[2]][1];
-        for (int s = 5; s < mirror_bit; s++)
+        for (int s = 5; s < mirror_bit; s++) {
             images[s] = symmetry_on_edgeperm[images[s - 4]][4];
-        for (int s = mirror_bit + 1; s < symmetry_count; s++)
+        }
+        for (int s = mirror_bit + 1; s < symmetry_count; s++) {
             images[s] = symmetry_on_edgeperm[images[s - mirror_bit]][mirror_bit];
+        }
     }
 }
 
@@ -176,13 +197,15 @@ void find_midperm_images() {
     constexpr int slice_edges = 4;
     for (int s = 0; s < symmetry_count; s++) {
         int images[slice_edges];
-        for (int i = 0; i < slice_edges; i++)
+        for (int i = 0; i < slice_edges; i++) {
             images[i] = edge_images[s][8 + i] - 8;
+        }
         int perm[slice_edges]; // of rank x
         std::iota(perm, perm + slice_edges, 0);
-        for (int x = 0; x < b_midperm_size; x++, std::next_permutation(perm, perm + slice_edges))
+        for (int x = 0; x < b_midperm_size; x++, std::next_permutation(perm, perm + slice_edges)) {
             symmetry_on_midperm[x][s] =
                 static_cast<std::uint8_t>(image_of_perm(slice_edges, images, perm));
+        }
     }
 }
 
@@ -201,8 +224,9 @@ constinit std::uint8_t symmetry_on_midperm[b_midperm_size][symmetry_count] = {};
 constinit symmetry_classes classes_of_cornerperm;
 
 void symmetry_tables_init() {
-    if (initialized)
+    if (initialized) {
         return;
+    }
     find_face_images();
     find_position_images();
     find_twist_images();
@@ -214,8 +238,9 @@ void symmetry_tables_init() {
 }
 
 void symmetry_perm_tables_init() {
-    if (!classes_of_cornerperm.of.empty())
+    if (!classes_of_cornerperm.of.empty()) {
         return;
+    }
     symmetry_tables_init();
     find_edgeperm_images();
     find_midperm_images();

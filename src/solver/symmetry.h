@@ -84,16 +84,18 @@ symmetry_classes sort_into_classes(int size, unsigned symmetries, image_function
     symmetry_classes sorted;
     sorted.of.assign(static_cast<std::size_t>(size), nowhere);
     for (int x = 0; x < size; x++) {
-        if (sorted.of[static_cast<std::size_t>(x)].symmetry != symmetry_count)
+        if (sorted.of[static_cast<std::size_t>(x)].symmetry != symmetry_count) {
             continue;
+        }
         const auto number = static_cast<std::uint16_t>(sorted.representatives.size());
         unsigned keep = 0;
-        for (int s = 0; s < symmetry_count; s++)
+        for (int s = 0; s < symmetry_count; s++) {
             if (symmetries >> s & 1) {
                 const int y = image(s, x);
                 sorted.of[static_cast<std::size_t>(y)] = {number, inverse_symmetry[s]};
                 keep |= static_cast<unsigned>(y == x) << s;
             }
+        }
         sorted.representatives.push_back(x);
         sorted.stabilizer.push_back(static_cast<std::uint16_t>(keep));
     }

@@ -22,9 +22,11 @@ constexpr axis_row axes[] = {
 };
 
 constexpr bool axes_are_opposite() {
-    for (const axis_row& axis : axes)
-        if ((axis.first + opposite_distance) % twist_face_count != axis.second)
+    for (const axis_row& axis : axes) {
+        if ((axis.first + opposite_distance) % twist_face_count != axis.second) {
             return false;
+        }
+    }
     return true;
 }
 
@@ -109,8 +111,9 @@ void twist_lengths_init(const int** a_out, const int** b_out) {
 
 void is_stage2_twist_init(int* flags) {
     std::fill(flags, flags + a_twist_count, 0);
-    for (const int t : b_to_a_twist)
+    for (const int t : b_to_a_twist) {
         flags[t] = 1;
+    }
     // Deliberate: NOT-BUGS.md, "A first stage may end in U'"
     flags[8] = 0;
 }
@@ -119,8 +122,9 @@ void twist_sequences_init(int (*table)[sequence_state_count], const int** a_ptrs
                           const int** b_ptrs) {
     for (int face = 0; face < twist_face_count; face++) {
         table[face][forbidden_state] = forbidden_state;
-        for (int state = start_state; state < sequence_state_count; state++)
+        for (int state = start_state; state < sequence_state_count; state++) {
             table[face][state] = state_of(face);
+        }
         table[face][state_of(face)] = forbidden_state;
     }
     for (const axis_row& axis : axes) {
@@ -129,10 +133,12 @@ void twist_sequences_init(int (*table)[sequence_state_count], const int** a_ptrs
         table[axis.first][axis.pair_state] = forbidden_state;
         table[axis.second][axis.pair_state] = forbidden_state;
     }
-    for (int t = 0; t < a_twist_count; t++)
+    for (int t = 0; t < a_twist_count; t++) {
         a_ptrs[t] = table[t / 3];
-    for (int t = 0; t < b_twist_count; t++)
+    }
+    for (int t = 0; t < b_twist_count; t++) {
         b_ptrs[t] = table[b_to_a_twist[t] / 3];
+    }
 }
 
 void exit_w_error_message([[maybe_unused]] const char* message) {
