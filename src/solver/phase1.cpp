@@ -24,11 +24,12 @@ constexpr int edges = 12;
 constexpr bool each_position_is_on_its_faces() {
     int corner_faces[corners] = {};
     int edge_faces[edges] = {};
-    for (const face_cycle_row& row : face_cycles)
+    for (const face_cycle_row& row : face_cycles) {
         for (int i = 0; i < 4; i++) {
             corner_faces[row.corners[i]]++;
             edge_faces[row.edges[i]]++;
         }
+    }
     return std::all_of(corner_faces, corner_faces + corners, [](int n) { return n == 3; }) &&
            std::all_of(edge_faces, edge_faces + edges, [](int n) { return n == 2; });
 }
@@ -44,8 +45,9 @@ int twist_on_corner(int face, int index) {
     int twists[corners];
     a_corner_unpack(index, twists);
     cycle(twists, row.corners);
-    if (row.twists)
+    if (row.twists) {
         adjust_corner(twists, row.corners[0], row.corners[1], row.corners[2], row.corners[3]);
+    }
     return a_corner_pack(twists);
 }
 
@@ -54,8 +56,9 @@ int twist_on_eflip(int face, int index) {
     int flips[edges];
     a_eflip_unpack(index, flips);
     cycle(flips, row.edges);
-    if (row.flips)
+    if (row.flips) {
         adjust_eflip(flips, row.edges[0], row.edges[1], row.edges[2], row.edges[3]);
+    }
     return a_eflip_pack(flips);
 }
 
@@ -79,9 +82,11 @@ constexpr twist_function on_eloc[] = {a_twist_f_on_eloc, a_twist_l_on_eloc, a_tw
 
 void fill_twist_table(const twist_function* twists, int* table, int** ptrs, int size) {
     point_rows(table, ptrs, a_twist_count, size);
-    for (int x = 0; x < size; x++)
-        for (int face = 0; face < twist_face_count; face++)
+    for (int x = 0; x < size; x++) {
+        for (int face = 0; face < twist_face_count; face++) {
             ptrs[3 * face][x] = twists[face](x);
+        }
+    }
     complete_twist_rows(ptrs, size);
 }
 
@@ -109,8 +114,9 @@ void a_corner_unpack(int index, int* twists) {
 
 int a_corner_pack(const int* twists) {
     int value = 0;
-    for (int i = corners - 2; i >= 0; i--)
+    for (int i = corners - 2; i >= 0; i--) {
         value = 3 * value + twists[i];
+    }
     return value;
 }
 
@@ -126,37 +132,48 @@ void a_eflip_unpack(int index, int* flips) {
 
 int a_eflip_pack(const int* flips) {
     int value = 0;
-    for (int i = edges - 2; i >= 0; i--)
+    for (int i = edges - 2; i >= 0; i--) {
         value = 2 * value + flips[i];
+    }
     return value;
 }
 
 void a_eloc_unpack(int index, int* flags) {
-    for (int i = 0; i < edges; i++)
+    for (int i = 0; i < edges; i++) {
         flags[i] = eloc_conv[index] >> i & 1;
+    }
 }
 
 int a_eloc_pack(const int* flags) {
     int mask = 0;
-    for (int i = edges - 1; i >= 0; i--)
+    for (int i = edges - 1; i >= 0; i--) {
         mask = 2 * mask + flags[i];
+    }
     return eloc_unconv[mask];
 }
 
-void a_eloc_conv_init(int* conv, int* unconv) {
-    std::fill(conv, conv + a_eloc_size, 0);
-    std::fill(unconv, unconv + edge_mask_count, 0);
+void number_foursets(int positions, int size, int* conv, int* unconv, const char* too_many) {
+    std::fill(conv, conv + size, 0);
+    std::fill(unconv, unconv + (1 << positions), 0);
     int index = 0;
-    for (int a = 0; a < edges; a++)
-        for (int b = a + 1; b < edges; b++)
-            for (int c = b + 1; c < edges; c++)
-                for (int d = c + 1; d < edges; d++) {
-                    if (index >= a_eloc_size)
-                        exit_w_error_message("a_eloc_conv_init : too many eloc's");
+    for (int a = 0; a < positions; a++) {
+        for (int b = a + 1; b < positions; b++) {
+            for (int c = b + 1; c < positions; c++) {
+                for (int d = c + 1; d < positions; d++) {
+                    if (index >= size) {
+                        exit_w_error_message(too_many);
+                    }
                     conv[index] = 1 << a | 1 << b | 1 << c | 1 << d;
                     unconv[conv[index]] = index;
                     index++;
                 }
+            }
+        }
+    }
+}
+
+void a_eloc_conv_init(int* conv, int* unconv) {
+    number_foursets(edges, a_eloc_size, conv, unconv, "a_eloc_conv_init : too many eloc's");
 }
 
 void adjust_corner(int* twists, int a, int b, int c, int d) {
@@ -167,8 +184,9 @@ void adjust_corner(int* twists, int a, int b, int c, int d) {
 }
 
 void adjust_eflip(int* flips, int a, int b, int c, int d) {
-    for (const int position : {a, b, c, d})
+    for (const int position : {a, b, c, d}) {
         flips[position] = 1 - flips[position];
+    }
 }
 
 int a_twist_f_on_corner(int index) {

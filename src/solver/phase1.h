@@ -37,8 +37,11 @@ constexpr int edge_mask_count = 4096;
 extern int eloc_conv[a_eloc_size];       // index -> mask, edge 0 = bit 0
 extern int eloc_unconv[edge_mask_count]; // mask -> index; 0 for a mask without just four bits
 
-// Numbers the four-element subsets of 0..11 in lexicographic order.
-void a_eloc_conv_init(int* conv, int* unconv);
+// Numbers the sets of four of some positions in lexicographic order: conv[index] is the mask of a
+// set, unconv[mask] its index. More than size of them is a fatal error with that message.
+void number_foursets(int positions, int size, int* conv, int* unconv, const char* too_many);
+
+void a_eloc_conv_init(int* conv, int* unconv); // of 0..11
 
 // The six faces: which positions a clockwise quarter twist cycles (four_cycle: each place takes
 // from the next), and whether orientations change. ORDER FLUBRD.
@@ -93,16 +96,18 @@ void a_twist_on_eloc_init(int* table, int** ptrs); // builds the conversion tabl
 // Rows of half and inverse twists from those of the quarter twists: row 3f + 1 is row 3f twice, row
 // 3f + 2 three times. ptrs must be set.
 template <typename entry> void complete_twist_rows(entry* const* ptrs, int size) {
-    for (int quarter = 0; quarter < a_twist_count; quarter += 3)
+    for (int quarter = 0; quarter < a_twist_count; quarter += 3) {
         for (int x = 0; x < size; x++) {
             const entry half = ptrs[quarter][ptrs[quarter][x]];
             ptrs[quarter + 1][x] = half;
             ptrs[quarter + 2][x] = ptrs[quarter][half];
         }
+    }
 }
 
 // Points ptrs[0..rows-1] at the rows of a table.
 template <typename entry> void point_rows(entry* table, entry** ptrs, int rows, int size) {
-    for (int row = 0; row < rows; row++)
+    for (int row = 0; row < rows; row++) {
         ptrs[row] = table + row * size;
+    }
 }

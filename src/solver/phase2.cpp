@@ -37,8 +37,9 @@ constexpr bool half_turns_reach_each_edge() {
     int layer[layer_edges] = {};
     int slice[slice_edges] = {};
     for (const generator_row& row : generators) {
-        if (row.quarter)
+        if (row.quarter) {
             continue;
+        }
         layer[row.edge_a]++;
         layer[row.edge_b]++;
         slice[row.mid_a]++;
@@ -58,9 +59,11 @@ void face_cycle(int* p, const int (&positions)[4]) {
 int rank_of_labels(const int* labels, int positions) {
     int order[half_edges];
     int found = 0;
-    for (int i = 0; i < positions; i++)
-        if (labels[i] != 0)
+    for (int i = 0; i < positions; i++) {
+        if (labels[i] != 0) {
             order[found++] = labels[i] - 1;
+        }
+    }
     return perm_n_pack(half_edges, order);
 }
 
@@ -69,9 +72,11 @@ void label_marks(int* flags, int positions, int rank) {
     int order[half_edges];
     perm_n_unpack(half_edges, rank, order);
     int found = 0;
-    for (int i = 0; i < positions; i++)
-        if (flags[i] != 0)
+    for (int i = 0; i < positions; i++) {
+        if (flags[i] != 0) {
             flags[i] = order[found++] + 1;
+        }
+    }
 }
 
 bool any_marked(const int* labels, int from, int to) {
@@ -81,9 +86,11 @@ bool any_marked(const int* labels, int from, int to) {
 // Quarter turns of the six faces on a coordinate that has positions and no orientation.
 template <typename twist_function>
 void fill_quarter_rows(std::uint16_t** ptrs, int size, twist_function twist) {
-    for (int x = 0; x < size; x++)
-        for (int face = 0; face < twist_face_count; face++)
+    for (int x = 0; x < size; x++) {
+        for (int face = 0; face < twist_face_count; face++) {
             ptrs[3 * face][x] = static_cast<std::uint16_t>(twist(face, x));
+        }
+    }
 }
 
 int quarter_twist_on_sliceedge(int face, int index) {
@@ -97,10 +104,11 @@ int generator_on_edgeperm(int face, const int* from) {
     const generator_row& row = generators[face];
     int perm[layer_edges];
     std::copy(from, from + layer_edges, perm);
-    if (row.quarter)
+    if (row.quarter) {
         face_cycle(perm, face_cycles[face].edges);
-    else
+    } else {
         two_cycle(perm, row.edge_a, row.edge_b);
+    }
     return perm_n_pack(layer_edges, perm);
 }
 
@@ -117,13 +125,16 @@ template <int things, typename entry, typename twist_function>
 void fill_stage2_rows(entry** ptrs, int size, twist_function twist) {
     int perm[things]; // of rank x
     std::iota(perm, perm + things, 0);
-    for (int x = 0; x < size; x++, std::next_permutation(perm, perm + things))
-        for (int face = 0; face < twist_face_count; face++)
+    for (int x = 0; x < size; x++, std::next_permutation(perm, perm + things)) {
+        for (int face = 0; face < twist_face_count; face++) {
             ptrs[generators[face].b_twist][x] = static_cast<entry>(twist(face, perm));
+        }
+    }
     for (const generator_row& row : generators) {
-        if (!row.quarter)
+        if (!row.quarter) {
             continue;
-        entry** const rows = ptrs + row.b_twist;
+        }
+        entry** rows = ptrs + row.b_twist;
         for (int x = 0; x < size; x++) {
             rows[1][x] = rows[0][rows[0][x]];
             rows[2][x] = rows[0][rows[1][x]];
@@ -158,45 +169,38 @@ void sliceedge_unpack(int index, int* labels) {
 
 int sliceedge_pack(const int* labels) {
     int flags[edges];
-    for (int i = 0; i < edges; i++)
+    for (int i = 0; i < edges; i++) {
         flags[i] = labels[i] != 0;
+    }
     return a_eloc_pack(flags) + a_eloc_size * rank_of_labels(labels, edges);
 }
 
 void halfedgeperm_unpack(int index, int* labels) {
-    for (int i = 0; i < layer_edges; i++)
+    for (int i = 0; i < layer_edges; i++) {
         labels[i] = halfedgeloc_conv[index % halfedgeloc_size] >> i & 1;
+    }
     label_marks(labels, layer_edges, index / halfedgeloc_size);
 }
 
 int halfedgeperm_pack(const int* labels) {
     int mask = 0;
-    for (int i = 0; i < layer_edges; i++)
+    for (int i = 0; i < layer_edges; i++) {
         mask |= (labels[i] != 0) << i;
+    }
     return halfedgeloc_unconv[mask] + halfedgeloc_size * rank_of_labels(labels, layer_edges);
 }
 
 void halfedgeloc_conv_init(int* conv, int* unconv) {
-    std::fill(conv, conv + halfedgeloc_size, 0);
-    std::fill(unconv, unconv + half_mask_count, 0);
-    int index = 0;
-    for (int a = 0; a < layer_edges; a++)
-        for (int b = a + 1; b < layer_edges; b++)
-            for (int c = b + 1; c < layer_edges; c++)
-                for (int d = c + 1; d < layer_edges; d++) {
-                    if (index >= halfedgeloc_size)
-                        exit_w_error_message("halfedgeloc_conv_init : too many halfedgeloc's");
-                    conv[index] = 1 << a | 1 << b | 1 << c | 1 << d;
-                    unconv[conv[index]] = index;
-                    index++;
-                }
+    number_foursets(layer_edges, halfedgeloc_size, conv, unconv,
+                    "halfedgeloc_conv_init : too many halfedgeloc's");
 }
 
 void twist_on_cornerperm_init(std::uint16_t* table, std::uint16_t** a_ptrs,
                               std::uint16_t** b_ptrs) {
     point_rows(table, a_ptrs, a_twist_count, cornerperm_size);
-    for (int t = 0; t < b_twist_count; t++)
+    for (int t = 0; t < b_twist_count; t++) {
         b_ptrs[t] = a_ptrs[b_to_a_twist[t]];
+    }
     int perm[corners]; // of rank x
     std::iota(perm, perm + corners, 0);
     for (int x = 0; x < cornerperm_size; x++, std::next_permutation(perm, perm + corners)) {
@@ -227,12 +231,15 @@ void twist_on_sliceedge_init(std::uint16_t* table, std::uint16_t** ptrs) {
 }
 
 int combine_halfedgeperm(const int* first, const int* second, int* out) {
-    for (int i = 0; i < layer_edges; i++)
-        if (first[i] != 0 && second[i] != 0)
-            return 1;
     for (int i = 0; i < layer_edges; i++) {
-        if (first[i] == 0 && second[i] == 0)
+        if (first[i] != 0 && second[i] != 0) {
+            return 1;
+        }
+    }
+    for (int i = 0; i < layer_edges; i++) {
+        if (first[i] == 0 && second[i] == 0) {
             exit_w_error_message("combine_halfedgeperm : invalid input");
+        }
         out[i] = first[i] != 0 ? 2 * (first[i] - 1) : 2 * second[i] - 1;
     }
     return 0;
@@ -253,15 +260,17 @@ void half_to_edgeperm_init(std::uint16_t* table, std::uint16_t** ptrs) {
     static int labels[halfedgeperm_size][layer_edges];
     point_rows(table, ptrs, halfedgeperm_size, halfedgeperm_size);
     std::fill(table, table + halfedgeperm_size * halfedgeperm_size, std::uint16_t{impossible});
-    for (int h = 0; h < halfedgeperm_size; h++)
+    for (int h = 0; h < halfedgeperm_size; h++) {
         halfedgeperm_unpack(h, labels[h]);
+    }
     for (int h = 0; h < halfedgeperm_size; h++) {
         const int mask = halfedgeloc_conv[h % halfedgeloc_size];
         const int partner = halfedgeloc_unconv[(half_mask_count - 1) ^ mask];
         for (int g = partner; g < halfedgeperm_size; g += halfedgeloc_size) {
             int perm[layer_edges];
-            if (combine_halfedgeperm(labels[h], labels[g], perm) == 0)
+            if (combine_halfedgeperm(labels[h], labels[g], perm) == 0) {
                 ptrs[h][g] = static_cast<std::uint16_t>(perm_n_pack(layer_edges, perm));
+            }
         }
     }
 }
