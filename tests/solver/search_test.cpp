@@ -8,6 +8,7 @@
 #include "solver/search.h"
 #include "solver/solver.h"
 
+#include <algorithm>
 #include <cstring>
 #include <gtest/gtest.h>
 
@@ -220,6 +221,18 @@ TEST_F(Search, TheOrderOfTheTwistsDecides) {
         const std::string expected = plain::solve(c, 9);
         EXPECT_EQ(solution(c), expected.empty() ? "error" : expected);
     }
+}
+
+TEST_F(Search, AnUnlikelyLongSolutionIsFoundToo) {
+    setsearchdepth(9);
+    std::size_t longest = 0;
+    for (int i = 0; i < 20; i++) {
+        const plain::cube c = randomcube(random);
+        const std::string expected = plain::solve(c, 9);
+        EXPECT_EQ(solution(c), expected.empty() ? "error" : expected);
+        longest = std::max(longest, expected.size());
+    }
+    EXPECT_GT(longest, 30u);
 }
 
 TEST_F(Search, TheGreatestTablesChangeNoAnswer) {
