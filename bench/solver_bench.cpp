@@ -4,7 +4,8 @@
 // depths, cubes of the subgroup. A ratio is the twin's time over ours. The sum of the nodes of the
 // fixed list is the signature of the search: a commit that changes it quotes it.
 //
-// VEXEL_BENCH_LONG=1 adds depth 16 and more cubes of the subgroup, some ten minutes of the twin's.
+// VEXEL_BENCH_LONG=1 takes longer lists and adds depth 16: some ten minutes, nearly all of them the
+// twin's. The greatest tables are filled during the first cubes of a list, so a long one tells more.
 #include "solver/samples.h"
 #include "solver/search.h"
 #include "solver/solver.h"
@@ -14,6 +15,7 @@
 #include <cstdlib>
 #include <ctime>
 #include <string>
+#include <sys/resource.h>
 #include <vector>
 
 namespace {
@@ -71,31 +73,48 @@ long long compare(const char* name, int depth, const cubes& list) {
 }
 
 // Ours alone: the slowest of many.
-void slowest_of(const char* name, const cubes& list) {
+void slowest_of(const char* name, int depth, const cubes& list) {
     std::vector<double> times;
-    setsearchdepth(14);
+    setsearchdepth(depth);
     for (const plain::cube& c : list) {
         const std::string text = plain::listing(c);
         times.push_back(seconds([&] { my_user_enters_cube(text.c_str()); }));
     }
     std::sort(times.begin(), times.end());
-    std::printf("%-9s 14 x %3zu median %8.3f s  slowest %8.3f s\n", name, list.size(),
+    std::printf("%-9s %2d x %4zu median %8.4f s  slowest %8.3f s\n", name, depth, list.size(),
                 times[times.size() / 2], times.back());
+    std::fflush(stdout);
+}
+
+long long resident_kilobytes() {
+    rusage used{};
+    getrusage(RUSAGE_SELF, &used);
+    return used.ru_maxrss;
 }
 
 } // namespace
 
 int main() {
     const bool longer = std::getenv("VEXEL_BENCH_LONG") != nullptr;
-    tables();
-    long long nodes = compare("random", 14, made(20, randomcube));
-    nodes += compare("random", 15, made(5, randomcube));
-    nodes += compare("subgroup", 14, made(longer ? 10 : 2, randomsubcube));
-    if (longer)
-        nodes += compare("random", 16, made(5, randomcube));
-    std::printf("Nodes: %lld\n", nodes);
     if (longer) {
-        slowest_of("random", made(1000, randomcube));
-        slowest_of("subgroup", made(100, randomsubcube));
+        // Before the twin has tables of its own.
+        while (!initializesolve()) {
+            continue;
+        }
+        slowest_of("random", 14, made(1000, randomcube));
+        slowest_of("random", 16, made(20, randomcube));
+        slowest_of("subgroup", 14, made(100, randomsubcube));
+        slowest_of("subgroup", 16, made(20, randomsubcube));
+        std::printf("resident %lld kB at most\n", resident_kilobytes());
+        plain::build();
+    } else {
+        tables();
     }
+    long long nodes = compare("random", 14, made(longer ? 200 : 20, randomcube));
+    nodes += compare("random", 15, made(longer ? 30 : 5, randomcube));
+    nodes += compare("subgroup", 14, made(longer ? 10 : 2, randomsubcube));
+    if (longer) {
+        nodes += compare("random", 16, made(10, randomcube));
+    }
+    std::printf("Nodes: %lld\n", nodes);
 }
