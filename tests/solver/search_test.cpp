@@ -212,13 +212,14 @@ TEST_F(Search, EachImprovementIsTwoTurnsShorterAtLeast) {
 
 // Of the solutions of a depth that are equally short the first in the order of the twists counts.
 TEST_F(Search, TheOrderOfTheTwistsDecides) {
-    for (int i = 0; i < 200; i++) {
-        plain::cube c = plain::solvedcube();
-        for (int n = 0; n < 7; n++) {
+    for (int i = 0; i < 160; i++) {
+        plain::cube c = i % 2 == 0 ? plain::solvedcube() : randomsubcube(random);
+        for (int n = 0; n < i % 10; n++) {
             c = plain::turned(c, static_cast<int>(random() % 18));
         }
-        setsearchdepth(9);
-        const std::string expected = plain::solve(c, 9);
+        const int depth = i % 2 == 0 ? 11 : 9;
+        setsearchdepth(depth);
+        const std::string expected = plain::solve(c, depth);
         EXPECT_EQ(solution(c), expected.empty() ? "error" : expected);
     }
 }

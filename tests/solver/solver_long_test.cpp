@@ -46,18 +46,22 @@ TEST_F(SolverLong, GoldenAnswersAreThoseOfTheTwin) {
     expect_twin_agrees("solver16.txt", 16);
 }
 
-TEST_F(SolverLong, FiveHundredCubesAtDepth14) {
-    compare(500, 14, randomcube);
+TEST_F(SolverLong, AThousandCubesAtDepth14) {
+    compare(1000, 14, randomcube);
 }
 
-TEST_F(SolverLong, FiftyCubesAtDepth15) {
-    compare(50, 15, randomcube);
+TEST_F(SolverLong, AHundredCubesAtDepth15) {
+    compare(100, 15, randomcube);
 }
 
 TEST_F(SolverLong, FiveCubesAtDepth16) {
     compare(5, 16, randomcube);
 }
 
-TEST_F(SolverLong, FiveCubesOfTheSubgroupAtDepth14) {
-    compare(5, 14, randomsubcube);
+TEST_F(SolverLong, AHundredCubesOfTheSubgroupAtDepth12) {
+    compare(100, 12, randomsubcube);
+}
+
+TEST_F(SolverLong, TenCubesOfTheSubgroupAtDepth14) {
+    compare(10, 14, randomsubcube);
 }

@@ -142,3 +142,15 @@ TEST_F(Symmetry, SortingFindsTheLeastValueAndAWayToIt) {
                               image(s, classes.representatives[i]) == classes.representatives[i]);
     }
 }
+
+TEST_F(Symmetry, ASetOfTwistsHasTheImagesOfItsTwists) {
+    for (int s = 0; s < symmetry_count; s++) {
+        for (std::uint32_t set = 1; set < 1u << a_twist_count; set += 37) {
+            std::uint32_t images = 0;
+            for (int t = 0; t < a_twist_count; t++) {
+                images |= (set >> t & 1) << symmetry_on_twist[s][t];
+            }
+            ASSERT_EQ(symmetry_on_twists(s, set), images);
+        }
+    }
+}
