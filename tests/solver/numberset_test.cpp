@@ -23,3 +23,11 @@ TEST(NumberSet, AgreesWithASlowSetUntilItIsThreeQuartersFull) {
         EXPECT_EQ(numbers.insert(number), slow.insert(number).second);
     }
 }
+
+TEST(NumberSetDeathTest, IsNeverFull) {
+    number_set numbers(3);
+    for (std::uint32_t number = 0; number < 7; number++) {
+        numbers.insert(number);
+    }
+    EXPECT_DEATH(numbers.insert(7), "entries.size");
+}
