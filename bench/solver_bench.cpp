@@ -5,7 +5,8 @@
 // fixed list is the signature of the search: a commit that changes it quotes it.
 //
 // VEXEL_BENCH_LONG=1 takes longer lists and adds depth 16: some ten minutes, nearly all of them the
-// twin's. The greatest tables are filled during the first cubes of a list, so a long one tells more.
+// twin's. The greatest tables are filled during the first cubes of a list, so a long one tells
+// more.
 #include "solver/samples.h"
 #include "solver/search.h"
 #include "solver/solver.h"
