@@ -346,7 +346,7 @@ TEST_F(Permutation, CyclesSayWhereCubiesHaveGone) {
         size_t end = text.find("\nCycle structure");
         for (size_t open = text.find('('); open < end; open = text.find('(', open + 1)) {
             const std::string cycle = text.substr(open + 1, text.find(')', open) - open - 1);
-            const size_t width = cycle.find_first_of(" ");
+            const size_t width = cycle.find(' ');
             for (size_t j = 0; width != std::string::npos && j < cycle.size(); j += width + 1) {
                 std::string cubie = cycle.substr(j, width);
                 const size_t next = j + width + 1;
