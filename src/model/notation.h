@@ -50,8 +50,8 @@
 // 1 if text is a macro that may be parsed, else 0. The empty text is good. Allowed are face letters
 // of either case, digits, "s", "(" directly behind a digit or an "s", ")" with a group open, and
 // "*" or ">" with a character behind it, which is not looked at. All groups must be closed. A text
-// that starts with "[" has the macro line converted (singmaster.h) and checked in its place; if
-// that fails the answer is 0 and the line stays as it was. "x" is not allowed.
+// that starts with "[" has the macro line converted in its place (singmaster.h), and what that
+// leaves is good; if it fails the answer is 0 and the line stays as it was. "x" is not allowed.
 [[nodiscard]] int sanitycheckmacro(const char* text, int length);
 
 // The number of quarter turns in text, or -1 if a count is not followed by "(" or a "(" has no ")".

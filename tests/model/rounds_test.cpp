@@ -184,7 +184,8 @@ TEST_F(Rounds, CountsOfManyDigitsAreExact) {
         SCOPED_TRACE(digits + group);
         slow_run run;
         run.budget = 1000000;
-        slowparse(run, std::to_string(modulo(digits, slowperiod("1" + group))) + group);
+        const int rounds = modulo(digits, slowperiod("1" + group));
+        slowparse(run, std::to_string(rounds).append(group));
         ASSERT_GE(run.budget, 0);
         apply("1" + group);
         const codes round = held();

@@ -109,7 +109,7 @@ slow_cube slowsolved() {
 
 bool slowuniform(const slow_cube& cube) {
     for (int p = 0; p < 54; p++) {
-        if (cube.colors[p] != cube.colors[p / 9 * 9]) {
+        if (cube.colors[p] != cube.colors[p - p % 9]) {
             return false;
         }
     }
