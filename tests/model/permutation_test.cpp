@@ -321,6 +321,14 @@ TEST_F(Permutation, ALineOfFaceletsEndsAfterTheCycleThatPassesFifty) {
     EXPECT_EQ(81U, text.find("\nCycle Structure: 8(3) "));
 }
 
+// Cycles of 9 and six times 7 characters, and one more.
+TEST_F(Permutation, FiftyOneCharactersAreALine) {
+    for (int p : {0, 1, 5, 10, 14, 19, 23, 28}) {
+        std::swap(cubefaces[p], cubefaces[p + 2]);
+    }
+    EXPECT_EQ(51U, std::string(faceperm()).find('\n'));
+}
+
 TEST_F(Permutation, AFullLastLineIsFollowedByAnEmptyOne) {
     cycleedges(3);
     const std::string text = faceperm();
