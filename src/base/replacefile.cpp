@@ -143,13 +143,13 @@ int copyfile(const std::string& path, const std::string& copy) {
     if (from.number() < 0 || fstat(from.number(), &status) != 0) {
         return errno;
     }
-    descriptor to(retry([&] {
-        return open(copy.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, status.st_mode & 0777);
-    }));
+    descriptor to(
+        retry([&] { return open(copy.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600); }));
     if (to.number() < 0) {
         return errno;
     }
-    int error = copyinto(from.number(), to.number());
+    int error = errorof([&] { return fchmod(to.number(), status.st_mode & 0777); });
+    error = error == 0 ? copyinto(from.number(), to.number()) : error;
     error = error == 0 ? writetodisk(to, "") : error;
     if (error != 0) {
         unlink(copy.c_str());

@@ -273,9 +273,11 @@ TEST_F(Replacefile, AllNamesOfAFileHaveTheNewContent) {
     EXPECT_EQ(0, replacefile(path, "new"));
     EXPECT_EQ("new", readfile(home.file("second")));
     EXPECT_EQ(inode(path), inode(home.file("second")));
+    fs::permissions(path, fs::perms(0626)); // more than a new file has
     EXPECT_EQ(0, replacefile(path, "newer", oldcontent::kept));
     EXPECT_EQ("newer", readfile(home.file("second")));
     EXPECT_EQ("new", readfile(path + "~"));
+    EXPECT_EQ(fs::perms(0626), fs::status(path + "~").permissions());
     EXPECT_EQ(3, files());
 }
 

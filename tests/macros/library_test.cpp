@@ -191,6 +191,13 @@ TEST_F(Library, QuestionsOfferTheChosenName) {
               shell.messages);
 }
 
+TEST_F(Library, TheLastOfAFullTableIsOffered) {
+    fill(500);
+    shell.chosen = 499;
+    addmactogizmo();
+    EXPECT_EQ("line: Name of macro to add to gizmo [macro 499]", shell.messages.back());
+}
+
 TEST_F(Library, UnknownNamesAreReported) {
     fill(1);
     for (void (*command)() : {deletedefinedmacro, addmactogizmo, deletemacfromgizmo}) {
