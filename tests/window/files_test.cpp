@@ -76,7 +76,7 @@ void readall(program& vexel) {
 } // namespace
 
 TEST_F(Files, AStartCommandsThatReadAndAQuitWriteNothing) {
-    writefile(store, ";\n;\n;\n[./Vexelprefs]\nspeed:5\nmac0:one\nval0:RU\n");
+    writefile(store, ";\n;\n;\n[./Vexelprefs]\nspeed:5\nmac0:one\nval0:R\n+U\n");
     writefile(file("m.macros"), "two\nRU\n");
     const auto before = fs::last_write_time(store);
     program_settings settings;
