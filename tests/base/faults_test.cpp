@@ -135,6 +135,31 @@ TEST_F(Faults, AFileThatIsWrittenItselfIsOldOrNewUnlessItIsKilled) {
     EXPECT_GT(calls, 5);
 }
 
+// As in a folder where others' files may not be moved, or for a file that is mounted.
+TEST_F(Faults, AFileThatMayNotBeReplacedIsWrittenItself) {
+    const struct {
+        int error;
+        bool written;
+    } rows[] = {
+        {EACCES, true },
+        {EPERM,  true },
+        {EBUSY,  true },
+        {EIO,    false},
+    };
+
+    for (const auto& row : rows) {
+        fresh([&] { writefile(path, oldtext); });
+        const watchedwork done =
+            watchcalls([&] { return replacefile(path, newtext, oldcontent::kept) == 0; },
+                       [&](const systemcall& call) {
+                           return call.name.starts_with("rename") ? row.error : 0;
+                       });
+        EXPECT_EQ(row.written, done.good) << row.error;
+        EXPECT_TRUE(readfile(path) == (row.written ? newtext : oldtext)) << row.error;
+        EXPECT_EQ(row.written ? 2 : 1, filesin(home.file("d"))) << row.error;
+    }
+}
+
 TEST_F(Faults, ASavedFileIsOldOrNewAndWhatWasThereIsKept) {
     keeps = true;
     const auto save = [&] {

@@ -281,6 +281,19 @@ TEST_F(Replacefile, AllNamesOfAFileHaveTheNewContent) {
     EXPECT_EQ(3, files());
 }
 
+TEST_F(Replacefile, ACopyHasEveryByte) {
+    for (const std::size_t size : {0U, 1U, 16383U, 16384U, 16385U, 50000U}) {
+        const std::string old(size, 'o');
+        fs::remove(path);
+        fs::remove(path + "~");
+        fs::remove(home.file("second"));
+        writefile(path, old);
+        fs::create_hard_link(path, home.file("second"));
+        EXPECT_EQ(0, replacefile(path, "new", oldcontent::kept));
+        EXPECT_TRUE(old == readfile(path + "~")) << size;
+    }
+}
+
 TEST_F(Replacefile, AFullDiskLeavesAFileOfTwoNames) {
     const std::string old(3000, 'o');
     writefile(path, old);

@@ -3,6 +3,7 @@
 #include "base/scratch.h"
 #include "base/syscalls.h"
 
+#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <fcntl.h>
@@ -172,6 +173,17 @@ TEST_F(Safestore, InAClosedFolderTheStoreItselfIsWrittenAndLocked) {
     fs::remove(lockname());
     EXPECT_TRUE(asnobody([&] { EXPECT_EQ("Permission denied", add(store, "x")); }));
     EXPECT_EQ(0, filesin(home.file("a/b")));
+    makepipe(store); // opening it must not wait
+    EXPECT_TRUE(asnobody([&] { EXPECT_EQ("Not a regular file", add(store, "x")); }));
+}
+
+// In which others can see that the lock is free.
+TEST_F(Safestore, AChangeEndsWithAPause) {
+    double shortest = 1;
+    for (int i = 0; i < 20; ++i) {
+        shortest = std::min(shortest, timeof([&] { EXPECT_EQ("", add(store, "")); }));
+    }
+    EXPECT_GE(shortest, 0.005);
 }
 
 TEST_F(Safestore, NothingOfManyWritersIsLost) {
