@@ -166,6 +166,7 @@ void close_cb(Fl_Widget*, void*) {
 void makeui() {
     menubar = new Fl_Menu_Bar(0, 0, 735, 22);
     menubar->menu(menutable);
+    Fl::add_handler(foreignshortcut);
     makegroup(face_heading, face_buttons);
     makegroup(slice_heading, slice_buttons);
     makegroup(cube_heading, cube_buttons);

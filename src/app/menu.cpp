@@ -2,10 +2,14 @@
 #include "app/menu.h"
 
 #include "app/dispatch.h"
+#include "app/interlude.h"
+#include "app/latinkey.h"
+#include "app/mainwindow.h"
 #include "app/userdata.h"
 #include "render/animation.h"
 
 #include <FL/Fl.H>
+#include <FL/Fl_Menu_Bar.H>
 #include <FL/Fl_Menu_Item.H>
 
 namespace {
@@ -83,6 +87,19 @@ void menucallback(Fl_Widget*, void* data) {
     b_cb(nullptr, numberof(data));
     setmark(113, showrear != 0);
     settryhardmenu();
+}
+
+int foreignshortcut(int event) {
+    if (event != FL_SHORTCUT || Fl::modal() != nullptr) {
+        return 0;
+    }
+    const int letter = latinkey(Fl::event_key());
+    if (letter == Fl::event_key()) {
+        return 0;
+    }
+    const keptevent own;
+    Fl::e_keysym = letter;
+    return menubar->handle(FL_SHORTCUT);
 }
 
 void settryhardmenu() {

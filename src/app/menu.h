@@ -19,5 +19,9 @@ extern Fl_Menu_Item menutable[menusize];
 // since the toolkit has turned the mark of a chosen toggle whether the command ran or not.
 void menucallback(Fl_Widget* w, void* data);
 
+// The toolkit's handler of events that nobody took: tries a key that types a letter of another
+// alphabet as the Latin one it bears (latinkey.h), so that the shortcuts of the menus go by the key.
+int foreignshortcut(int event);
+
 // Puts the check marks of the two long-solve toggles in step with tryhard (dispatch.h).
 void settryhardmenu();

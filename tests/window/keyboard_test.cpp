@@ -252,3 +252,26 @@ TEST_F(Keyboard, TheInterruptGoesByTheKeyToo) {
     applyturn(0);
     EXPECT_TRUE(showsmodel());
 }
+
+TEST_F(Keyboard, CtrlLetterGoesByTheKeyToo) {
+    const unsigned char r = screen.place('r');
+    const unsigned char z = screen.place('z');
+    for (const bool inline_ : {false, true}) {
+        SCOPED_TRACE(inline_ ? "line" : "view");
+        screen.setlayout("us");
+        vexel.pushbutton("Rcw");
+        applyturn(6);
+        ASSERT_TRUE(showsmodel());
+        vexel.pushbutton("Ucw");
+        applyturn(0);
+        ASSERT_TRUE(showsmodel());
+        screen.setlayout("ru");
+        inline_ ? vexel.click(macroplace.x + 20, macroplace.y + 9) : vexel.clickview(0.05, 0.5);
+        screen.presskey(z, ctrl_key);
+        applyturn(1);
+        ASSERT_TRUE(showsmodel());
+        screen.presskey(r, ctrl_key);
+        initcubies();
+        ASSERT_TRUE(showsmodel());
+    }
+}
