@@ -20,7 +20,7 @@ extern Fl_Menu_Item menutable[menusize];
 void menucallback(Fl_Widget* w, void* data);
 
 // The toolkit's handler of events that nobody took: tries a key that types a letter of another
-// alphabet as the Latin one it bears (latinkey.h), so that the shortcuts of the menus go by the key.
+// alphabet as the Latin one it bears (latinkey.h), so that the menus' shortcuts go by the key.
 int foreignshortcut(int event);
 
 // Puts the check marks of the two long-solve toggles in step with tryhard (dispatch.h).
