@@ -18,6 +18,9 @@
 #include <FL/Fl_Output.H>
 #include <FL/Fl_Window.H>
 
+#include <algorithm>
+#include <vector>
+
 constinit Fl_Window* form = nullptr;
 constinit cube_box* cube = nullptr;
 constinit Fl_Menu_Bar* menubar = nullptr;
@@ -108,6 +111,62 @@ constexpr heading_row legend[] = {
     {467, 431, 231, 20, "Shift = Inverse     Ctrl = Whole Cube"},
 };
 
+constexpr int formwidth = 735;
+constexpr int formheight = 462;
+constexpr double leastscale = 0.25; // smaller than a quarter nobody could read a thing
+
+// State
+
+// One widget as it was made.
+struct place {
+    Fl_Widget* widget;
+    int x, y, w, h;
+    int letters; // size of the label's
+};
+
+std::vector<place> places; // of all that is in the window, as makeform has laid it out
+
+int scaled(int length, double scale) {
+    return std::max(1, static_cast<int>(length * scale)); // downwards, so that texts fit
+}
+
+void lettersize(Fl_Widget* widget, int size) {
+    widget->labelsize(static_cast<uchar>(size));
+    if (auto* line = dynamic_cast<Fl_Input_*>(widget)) {
+        line->textsize(static_cast<uchar>(size));
+    } else if (auto* menu = dynamic_cast<Fl_Menu_*>(widget)) {
+        menu->textsize(static_cast<uchar>(size));
+    }
+}
+
+void layout(double scale) {
+    for (const place& p : places) {
+        p.widget->resize(scaled(p.x, scale), scaled(p.y, scale), scaled(p.w, scale),
+                         scaled(p.h, scale));
+        lettersize(p.widget, scaled(p.letters, scale));
+    }
+}
+
+double fitting(int w, int h) {
+    const double scale = std::min(w / double(formwidth), h / double(formheight));
+    return std::clamp(scale, leastscale, 1.0);
+}
+
+// A window manager may force a window smaller than it says it can be.
+class mainwindow : public Fl_Window {
+  public:
+    using Fl_Window::Fl_Window;
+
+    void resize(int x, int y, int w, int h) override {
+        const bool other = w != this->w() || h != this->h();
+        Fl_Window::resize(x, y, w, h);
+        if (other) {
+            layout(fitting(w, h));
+            redraw();
+        }
+    }
+};
+
 void makeheading(const heading_row& row) {
     auto* heading = new Fl_Box(FL_NO_BOX, row.x, row.y, row.w, row.h, row.text);
     heading->labelfont(FL_HELVETICA_BOLD);
@@ -164,7 +223,7 @@ void close_cb(Fl_Widget*, void*) {
 } // namespace
 
 void makeui() {
-    menubar = new Fl_Menu_Bar(0, 0, 735, 22);
+    menubar = new Fl_Menu_Bar(0, 0, formwidth, 22);
     menubar->menu(menutable);
     Fl::add_handler(foreignshortcut);
     makegroup(face_heading, face_buttons);
@@ -177,7 +236,7 @@ void makeui() {
 }
 
 void makeform(const char* title) {
-    form = new Fl_Window(735, 462, title);
+    form = new mainwindow(formwidth, formheight, title);
     form->callback(close_cb);
     Fl::add_check(watchmenus, nullptr);
     makeui();
@@ -185,4 +244,15 @@ void makeform(const char* title) {
     cube->mode(FL_DOUBLE);
     cube->end();
     form->end();
+    for (int i = 0; i < form->children(); ++i) {
+        Fl_Widget* w = form->child(i);
+        places.push_back({w, w->x(), w->y(), w->w(), w->h(), w->labelsize()});
+    }
+}
+
+void fitform(int screenwidth, int screenheight) {
+    constexpr int sides = 8; // of a frame, about
+    constexpr int titlebar = 32;
+    const double scale = fitting(screenwidth - sides, screenheight - titlebar);
+    form->size(static_cast<int>(formwidth * scale), static_cast<int>(formheight * scale));
 }

@@ -4,7 +4,9 @@
 //
 // State     the widgets, below: null until makeform, then good until the process ends. They belong
 //           to the toolkit's widget tree and are never deleted.
-// Units     pixels from the top left corner of the window, 735 x 462; the window keeps its size.
+// Units     pixels from the top left corner of the window, 735 x 462. The window keeps this size
+//           where it can. Where it must be smaller, all in it shrinks in proportion, letters too;
+//           where it is made larger, what is in it stays.
 // Callers   main builds it; dispatch, driver, shell and the dialogs read and set the widgets.
 //
 //     0  +--------------------------------------------------------------+
@@ -43,6 +45,10 @@ extern Fl_Button* bsave;     // "Save Cube" or "Restore Cube"
 
 // Builds form with the given title, the controls and the view. Called once, by main, before show.
 void makeform(const char* title);
+
+// Makes the window as small as a screen of that size needs, frame and title bar included. After
+// makeform, before show.
+void fitform(int screenwidth, int screenheight);
 
 // Builds the controls into the open group; part of makeform.
 void makeui();

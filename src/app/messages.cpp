@@ -16,10 +16,12 @@
 #include <FL/Fl_Box.H>
 #include <FL/Fl_Window.H>
 #include <FL/fl_ask.H>
-#include <FL/x.H>
+#include <FL/fl_draw.H>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -36,8 +38,42 @@ namespace {
 constinit bool holding = false;      // whether alerts wait
 std::vector<std::string> heldalerts; // that do
 
+constexpr int aroundtext = 120; // pixels of a box beside its text: icon, margins, frame
+
+// How many bytes of text a line of a box can hold, 1 at least. A longer one is broken behind a
+// blank, if it has one.
+std::size_t fittinglength(const std::string& text) {
+    const double room = Fl::w() - aroundtext;
+    constexpr double narrowest = 2; // no letter is
+    std::size_t length = std::min(text.size(), static_cast<std::size_t>(room / narrowest));
+    while (length > 1 && fl_width(text.c_str(), static_cast<int>(length)) > room) {
+        const std::size_t blank = text.rfind(' ', length - 2);
+        length = blank == std::string::npos || blank == 0 ? length - 1 : blank + 1;
+    }
+    return length;
+}
+
+// The boxes are as wide as their longest line. One that is wider than the screen cannot be read,
+// and its button may lie outside.
+std::string brokenlines(const std::string& text) {
+    std::istringstream lines(text);
+    std::string broken;
+    fl_font(fl_message_font_, fl_message_size_);
+    for (std::string line; std::getline(lines, line);) {
+        for (std::size_t n = fittinglength(line); n < line.size(); n = fittinglength(line)) {
+            broken += line.substr(0, n) + '\n';
+            line.erase(0, n);
+        }
+        broken += line + '\n';
+    }
+    if (!broken.empty() && (text.empty() || text.back() != '\n')) {
+        broken.pop_back();
+    }
+    return broken;
+}
+
 std::string label(const char* text) {
-    return boxlabel(text == nullptr ? "" : text);
+    return boxlabel(brokenlines(text == nullptr ? "" : text));
 }
 
 // The six colour letters of an answer, in upper case; empty if it is a bad one.
@@ -148,7 +184,7 @@ void showmessagewindow(const char* text, double) {
 // its time before. Somebody who keeps it from showing at all is not waited for.
 void paintmessagewindow() {
     const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(250);
-    while (messagewindow->shown() != 0 && Fl_X::i(messagewindow)->wait_for_expose != 0 &&
+    while (messagewindow->shown() != 0 && messagewindow->damage() != 0 &&
            std::chrono::steady_clock::now() < end) {
         Fl::wait(0.01);
     }

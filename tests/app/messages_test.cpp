@@ -15,6 +15,7 @@
 #include <FL/Fl_Window.H>
 #include <X11/keysym.h>
 
+#include <algorithm>
 #include <cstring>
 #include <gtest/gtest.h>
 #include <string>
@@ -73,7 +74,24 @@ TEST_F(Messages, TextsAreShownLetterForLetter) {
     EXPECT_EQ(shownby([] { showalert("100%s %n of %d"); }), "100%s %n of %d");
     EXPECT_EQ(shownby([] { displaystring("%s%s%s%n"); }), "%s%s%s%n");
     EXPECT_EQ(shownby([] { showalert("@-> a@b"); }), "@@-> a@@b");
-    EXPECT_EQ(shownby([] { showalert(std::string(5000, 'y').c_str()); }), std::string(5000, 'y'));
+    std::string longtext = shownby([] { showalert(std::string(5000, 'y').c_str()); });
+    std::erase(longtext, '\n'); // broken where the screen ends
+    EXPECT_EQ(longtext, std::string(5000, 'y'));
+}
+
+TEST_F(Messages, LinesWiderThanTheScreenAreBrokenBehindABlank) {
+    std::string words;
+    for (int i = 0; i < 400; ++i) {
+        words += "word ";
+    }
+    const std::string shown = shownby([&] { showalert(("short\n" + words).c_str()); });
+    EXPECT_EQ(shown.rfind("short\nword word ", 0), 0U);
+    const auto breaks = std::count(shown.begin(), shown.end(), '\n');
+    EXPECT_GT(breaks, 400 * 5 * 6 / screenwidth); // a letter is 6 to 10 pixels wide
+    EXPECT_LT(breaks, 400 * 5 * 10 / screenwidth);
+    EXPECT_EQ(shown.find("\nord"), std::string::npos);
+    EXPECT_EQ(shown.find("\n "), std::string::npos);
+    EXPECT_EQ(shownby([] { showalert("a\n\nb\n"); }), "a\n\nb\n");
 }
 
 TEST_F(Messages, AlertsThatAreHeldAreToldLaterAndOnce) {

@@ -6,6 +6,7 @@
 
 #include <X11/keysym.h>
 
+#include <algorithm>
 #include <cmath>
 #include <fstream>
 #include <sstream>
@@ -162,9 +163,14 @@ void program::clickdialog(int x, int y) const {
     screen.click(r.x + x, r.y + y);
 }
 
+double program::scale() const {
+    return std::min(1.0, screen.place(main).w / static_cast<double>(windowwidth));
+}
+
 void program::click(int x, int y, int modifiers, int number) const {
     const rectangle r = screen.place(main);
-    screen.click(r.x + x, r.y + y, modifiers, number);
+    const double s = scale();
+    screen.click(r.x + static_cast<int>(s * x), r.y + static_cast<int>(s * y), modifiers, number);
     screen.movemouse(screenwidth - 1, screenheight - 1); // away, so that no tooltip opens
 }
 
@@ -176,7 +182,7 @@ void program::pushbutton(const std::string& label, int modifiers) const {
 // The titles are found by looking: words of dark pixels with room between them. Returns whether
 // all are there.
 bool program::findtitles() {
-    const picture bar = part({2, 3, menubarplace.w - 4, menubarplace.h - 6});
+    const picture bar = part({4, 4, menubarplace.w - 8, menubarplace.h - 8});
     const rgb background = bar.commonest();
     int lastink = -wordspace - 1;
     titles.clear();
@@ -185,7 +191,7 @@ bool program::findtitles() {
             continue;
         }
         if (x - lastink > wordspace) {
-            titles.push_back(x + 4);
+            titles.push_back(x + 6);
         }
         lastink = x;
     }
@@ -295,7 +301,8 @@ picture program::view_picture() const {
 
 picture program::part(rectangle r) const {
     const rectangle at = screen.place(main);
-    return screen.screenshot({at.x + r.x, at.y + r.y, r.w, r.h});
+    const auto pixels = [s = scale()](int length) { return static_cast<int>(s * length); };
+    return screen.screenshot({at.x + pixels(r.x), at.y + pixels(r.y), pixels(r.w), pixels(r.h)});
 }
 
 verdict program::shows(const unsigned char* colors, bool rear) const {

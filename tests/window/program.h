@@ -131,6 +131,7 @@ class program {
 
   private:
     void waitforwindow();
+    double scale() const; // of the main window, which is smaller on a small screen
     bool painted();
     bool findtitles();
     bool still() const;

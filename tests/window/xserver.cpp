@@ -112,7 +112,8 @@ constexpr std::pair<int, KeySym> modifierkeys[] = {
 
 } // namespace
 
-xserver::xserver(const xserver_settings& settings) {
+xserver::xserver(const xserver_settings& settings)
+    : width(settings.width), height(settings.height) {
     startserver(settings);
     XSetErrorHandler(ignoreerror);
     connection = XOpenDisplay(display_name.c_str());
@@ -124,12 +125,20 @@ xserver::xserver(const xserver_settings& settings) {
     if (settings.windowmanager) {
         startmanager();
     }
-    movemouse(screenwidth - 1, screenheight - 1);
+    movemouse(width - 1, height - 1);
 }
 
 xserver::~xserver() {
+    endserver();
+}
+
+void xserver::endserver() {
     manager.reset();
-    XCloseDisplay(connection);
+    if (connection != nullptr) {
+        XCloseDisplay(connection);
+        connection = nullptr;
+    }
+    server.reset();
 }
 
 void xserver::startserver(const xserver_settings& settings) {
@@ -137,8 +146,8 @@ void xserver::startserver(const xserver_settings& settings) {
     if (pipe2(pipe, O_CLOEXEC) != 0) {
         throw std::runtime_error("no pipe for the virtual display");
     }
-    const std::string screen = std::to_string(screenwidth) + "x" + std::to_string(screenheight) +
-                               "x" + std::to_string(settings.depth);
+    const std::string screen =
+        std::to_string(width) + "x" + std::to_string(height) + "x" + std::to_string(settings.depth);
     process_settings xvfb;
     xvfb.command = {"Xvfb",
                     "-displayfd",
@@ -483,14 +492,14 @@ bool xserver::serveselection(const std::string& text, double seconds) const {
 }
 
 picture xserver::screenshot() const {
-    return screenshot({0, 0, screenwidth, screenheight});
+    return screenshot({0, 0, width, height});
 }
 
 picture xserver::screenshot(rectangle r) const {
-    const int left = std::clamp(r.x, 0, screenwidth - 1);
-    const int top = std::clamp(r.y, 0, screenheight - 1);
-    const int w = std::clamp(r.x + r.w - left, 1, screenwidth - left);
-    const int h = std::clamp(r.y + r.h - top, 1, screenheight - top);
+    const int left = std::clamp(r.x, 0, width - 1);
+    const int top = std::clamp(r.y, 0, height - 1);
+    const int w = std::clamp(r.x + r.w - left, 1, width - left);
+    const int h = std::clamp(r.y + r.h - top, 1, height - top);
     XImage* image =
         XGetImage(connection, DefaultRootWindow(connection), left, top, static_cast<unsigned>(w),
                   static_cast<unsigned>(h), AllPlanes, ZPixmap);

@@ -29,9 +29,11 @@ using windowid = unsigned long; // an X window; 0 is none
 enum modifier { shift_key = 1, ctrl_key = 2, alt_key = 4, super_key = 8 }; // to be added up
 
 struct xserver_settings {
-    bool windowmanager = false;              // openbox, too
-    bool keyrepeat = false;                  // held keys repeat
-    int depth = 24;                          // bits of a pixel
+    bool windowmanager = false; // openbox, too
+    bool keyrepeat = false;     // held keys repeat
+    int depth = 24;             // bits of a pixel
+    int width = 1280;           // of the screen
+    int height = 800;
     std::vector<std::string> arguments = {}; // more arguments for Xvfb
 };
 
@@ -41,6 +43,8 @@ class xserver {
     ~xserver(); // ends the server; what still runs on it loses its display
     xserver(const xserver&) = delete;
     xserver& operator=(const xserver&) = delete;
+
+    void endserver(); // only the destructor may be called after this
 
     const std::string& name() const { return display_name; } // ":99"
 
@@ -123,7 +127,10 @@ class xserver {
     std::string display_name;
     _XDisplay* connection = nullptr;
     windowid own = 0; // holds the selection
+    int width;        // of the screen
+    int height;
 };
 
+// Of a screen for which no other size was asked.
 constexpr int screenwidth = 1280;
 constexpr int screenheight = 800;
