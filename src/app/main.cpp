@@ -23,10 +23,13 @@
 #include <FL/Fl_Window.H>
 #include <FL/x.H>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
+#include <string>
+#include <string_view>
 
 namespace {
 
@@ -41,11 +44,51 @@ namespace {
     std::exit(1);
 }
 
+// The X server is gone. The process leaves at once: libraries might still want to talk to it.
+int lostdisplay(Display*) {
+    std::fputs("vexel: The connection to the display was lost.\n", stderr);
+    std::_Exit(1);
+}
+
 void opendisplay() {
     Fl::fatal = failure;
     fl_open_display();
+    XSetIOErrorHandler(lostdisplay);
     if (!viewpossible()) {
         failure("This display offers no double-buffered OpenGL, which the cube view needs");
+    }
+}
+
+constexpr char help[] =
+    "usage: vexel [macro file]\n"
+    "       vexel --help | --version\n"
+    "\n"
+    "A simulator of the 3x3x3 twisting cube. The macro file is loaded at the start.\n"
+    "The manual page vexel(6) tells the rest.\n";
+
+// The two words that are answered without a window, if they are all there is.
+bool answered(int argc, char** argv) {
+    const std::string_view word = argc == 2 ? argv[1] : "";
+    if (word == "--help") {
+        std::fputs(help, stdout);
+    } else if (word == "--version") {
+        std::puts("vexel " VEXEL_VERSION);
+    } else {
+        return false;
+    }
+    return true;
+}
+
+// One macro file is loaded. What is passed over is told to whoever looks at standard error.
+void readarguments(int argc, char** argv) {
+    if (argc > 2) {
+        std::fprintf(stderr, "vexel: %d arguments are passed over; one may name a macro file.\n",
+                     argc - 1);
+    } else if (argc == 2 && loadmacrofile(argv[1]) == 0) {
+        std::string path = argv[1];
+        std::ranges::replace_if(
+            path, [](unsigned char c) { return c < ' '; }, '?');
+        std::fprintf(stderr, "vexel: The macro file %s cannot be read.\n", path.c_str());
     }
 }
 
@@ -57,11 +100,11 @@ void choosefonts() {
     Fl::set_font(FL_HELVETICA_BOLD, "BHelvetica");
 }
 
-// Waits until the window is on the screen: not before is it known where a window manager puts it.
-// One that is not shown, on another desktop for instance, is waited for a second.
+// Waits until the window is painted, and so on the screen: not before is it known where a window
+// manager puts it. One that is not shown, on another desktop for instance, is waited for a second.
 void waitforwindow() {
     const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(1);
-    while (Fl_X::i(form)->wait_for_expose != 0 && std::chrono::steady_clock::now() < end) {
+    while (form->damage() != 0 && std::chrono::steady_clock::now() < end) {
         Fl::wait(0.01);
     }
 }
@@ -69,6 +112,9 @@ void waitforwindow() {
 } // namespace
 
 int main(int argc, char** argv) {
+    if (answered(argc, argv)) {
+        return 0;
+    }
     givehomeback();
     partrandom();
     opendisplay();
@@ -80,9 +126,8 @@ int main(int argc, char** argv) {
     form->xclass("Vexel");
     holdalerts();
     readprefs();
-    if (argc == 2) {
-        loadmacrofile(argv[1]); // one that cannot be read is passed over
-    }
+    readarguments(argc, argv);
+    fitform(Fl::w(), Fl::h());
     form->show();
     cube->show();
     initcubies();

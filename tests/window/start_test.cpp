@@ -8,6 +8,8 @@
 #include <X11/keysym.h>
 
 #include <algorithm>
+#include <cstdio>
+#include <memory>
 #include <sstream>
 
 namespace {
@@ -159,20 +161,57 @@ TEST_F(Start, RunsWithoutAnArgumentInSilence) {
     EXPECT_EQ(vexel.output(), "");
 }
 
-TEST(StartWithArguments, AMissingMacroFileOrTwoFilesArePassedOver) {
+// The window stands all the same.
+TEST(StartWithArguments, WhatIsPassedOverIsToldInOneLine) {
     xserver screen;
     initcubies();
-    for (const std::vector<std::string>& arguments : {
-             std::vector<std::string>{"/no/such/file.mac"},
-             {"/no/such/file.mac", "/dev/null"},
-             {"/"                  }
-    }) {
+
+    const std::string two = "vexel: 2 arguments are passed over; one may name a macro file.\n";
+    const std::pair<std::vector<std::string>, std::string> rows[] = {
+        {{"/no/such.mac"},              "vexel: The macro file /no/such.mac cannot be read.\n"},
+        {{"/no\nsuch"},                 "vexel: The macro file /no?such cannot be read.\n"    },
+        {{"/"},                         "vexel: The macro file / cannot be read.\n"           },
+        {{"-version"},                  "vexel: The macro file -version cannot be read.\n"    },
+        {{"/no/such.mac", "/dev/null"}, two                                                   },
+        {{"--help", "--version"},       two                                                   },
+    };
+    for (const auto& [arguments, told] : rows) {
+        SCOPED_TRACE(told);
         program vexel(screen, {.arguments = arguments});
         const verdict seen = vexel.waitforcube(cubecolors);
         EXPECT_TRUE(seen.good) << seen.why;
         EXPECT_EQ(vexel.dialog(), 0UL);
-        EXPECT_EQ(vexel.output(), "");
+        EXPECT_EQ(vexel.output(), told);
     }
+}
+
+// What a command in the shell writes to standard output; its status must be 0.
+static std::string answerof(const std::string& arguments) {
+    const std::string command = "DISPLAY= " VEXEL_PROGRAM " " + arguments +
+                                " 2>&1 1>&3 | "
+                                "sed s/^/error:/; exit ${PIPESTATUS[0]}";
+    std::FILE* pipe = popen(("bash -c '" + command + "' 3>&1").c_str(), "r");
+    std::string all;
+    for (int c = std::fgetc(pipe); c != EOF; c = std::fgetc(pipe)) {
+        all += static_cast<char>(c);
+    }
+    EXPECT_EQ(pclose(pipe), 0) << arguments;
+    return all;
+}
+
+TEST(StartWithArguments, HelpAndVersionAreAnsweredWithoutADisplay) {
+    EXPECT_EQ(answerof("--version").rfind("vexel ", 0), 0U);
+    EXPECT_EQ(answerof("--help").rfind("usage: vexel [macro file]\n", 0), 0U);
+}
+
+TEST(StartAndEnd, TheServersEndIsToldInOneSentence) {
+    auto screen = std::make_unique<xserver>();
+    program vexel(*screen);
+    initcubies();
+    ASSERT_TRUE(vexel.waitforcube(cubecolors));
+    screen->endserver();
+    EXPECT_EQ(vexel.child().waitexit(30), std::optional<int>(1));
+    EXPECT_EQ(vexel.output(), "vexel: The connection to the display was lost.\n");
 }
 
 namespace {
