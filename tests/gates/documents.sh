@@ -35,7 +35,7 @@ shown() {
 while read -r file path; do
     case $path in
         *[\<*\$~]*) continue ;;
-        build/*) continue ;;
+        build/* | -* | ./*) continue ;;
         src/* | tests/* | doc/* | data/* | bench/* | script/* | examples/* | debian/*)
             [[ -e ${path%% *} ]] || complain "$file names $path, which is not there"
             ;;
