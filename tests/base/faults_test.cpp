@@ -160,6 +160,21 @@ TEST_F(Faults, AFileThatMayNotBeReplacedIsWrittenItself) {
     }
 }
 
+TEST_F(Faults, WhatTakesTheNameOfAFileIsOnTheDisk) {
+    fresh([&] { writefile(path, oldtext); });
+    std::string order;
+    const watchedwork done = watchcalls([&] { return replacefile(path, newtext) == 0; },
+                                        [&](const systemcall& call) {
+                                            const bool told = call.name == "write" ||
+                                                              call.name == "fsync" ||
+                                                              call.name.starts_with("rename");
+                                            order += told ? call.name + " " : "";
+                                            return 0;
+                                        });
+    EXPECT_TRUE(done.good);
+    EXPECT_EQ(0U, order.find("write fsync rename")) << order;
+}
+
 TEST_F(Faults, ASavedFileIsOldOrNewAndWhatWasThereIsKept) {
     keeps = true;
     const auto save = [&] {
