@@ -187,11 +187,12 @@ start() {
     until_true started "$master" || fail "jobs" "did not start"
 }
 
+# A search takes longer than the patience of these.
 for signal in INT TERM HUP KILL; do
     start
     kill -s "$signal" "$master"
     wait "$master" 2> /dev/null
-    until_true gone "$master" "${workers[@]}" || fail "$signal" "a job is still there"
+    patience=200 until_true gone "$master" "${workers[@]}" || fail "$signal" "a job is still there"
     [[ ! -s err ]] || fail "$signal" "was answered: $(cat err)"
 done
 start
