@@ -32,7 +32,7 @@ class Messages : public testing::Test {
 };
 
 void answercolors(const char* answer) {
-    screen().press('u', ctrl_key);
+    screen().emptyline();
     screen().type(std::string(answer) + "\n");
 }
 

@@ -398,7 +398,7 @@ TEST_F(Collector, BadColourLettersChangeNothing) {
         SCOPED_TRACE(letters);
         vexel.choose("Set Cube Colors");
         const windowid question = vexel.waitdialog();
-        screen.press('u', ctrl_key);
+        screen.emptyline();
         screen.type(letters);
         screen.press(XK_Return);
         ASSERT_TRUE(waitfor(10, [this, question] {

@@ -59,7 +59,7 @@ class GizmoPanel : public windowtest {
             return question != 0;
         }));
         screen.focus(question);
-        screen.press('u', ctrl_key); // empties the line
+        screen.emptyline();
         screen.type(answer + "\n");
         ASSERT_TRUE(waitfor(10, [&] { return !screen.visible(question); }));
         vexel.front();

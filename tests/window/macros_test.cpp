@@ -84,7 +84,7 @@ class Macros : public testing::Test {
     void answerfile(const std::string& path) const {
         const rectangle r = screen.place(vexel->waitdialog());
         settle();
-        screen.press('u', ctrl_key); // empties the line
+        screen.emptyline();
         screen.ownselection();
         screen.click(r.x + r.w / 2, r.y + r.h - 59, 0, 2);
         ASSERT_TRUE(screen.serveselection(path, 10));
@@ -334,7 +334,7 @@ TEST_F(Macros, AStoreTheToolkitWouldDieOfDoesNotKeepTheProgramFromStarting) {
     EXPECT_TRUE(showsmodel());
     vexel->choose("Set Cube Speed");
     vexel->waitdialog();
-    screen.press('u', ctrl_key);
+    screen.emptyline();
     screen.type("5\n");
     EXPECT_TRUE(vexel->waitquiet());
     vexel->answer(XK_Return); // to what could not be stored

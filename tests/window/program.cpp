@@ -153,7 +153,7 @@ void program::answer(unsigned long keysym) const {
 
 void program::answer(const std::string& text) const {
     waitdialog();
-    screen.press('u', ctrl_key); // empties the line
+    screen.emptyline();
     screen.type(text);
     answer(XK_Return);
 }
@@ -257,7 +257,7 @@ void program::altletter(char letter, int modifiers) const {
 
 void program::typemacro(const std::string& ascii) const {
     click(macroplace.x + macroplace.w / 2, macroplace.y + macroplace.h / 2);
-    screen.press('u', ctrl_key); // empties the line
+    screen.emptyline();
     screen.type(ascii);
 }
 

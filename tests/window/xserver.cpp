@@ -448,6 +448,12 @@ void xserver::lockgroup(unsigned group) const {
     XSync(connection, 0);
 }
 
+void xserver::emptyline() const {
+    press(XK_End);
+    press(XK_Home, shift_key);
+    press(XK_BackSpace);
+}
+
 void xserver::type(const std::string& ascii) const {
     for (char c : ascii) {
         const KeySym keysym = c == '\n'   ? XK_Return

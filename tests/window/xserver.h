@@ -103,6 +103,7 @@ class xserver {
     unsigned char place(char letter) const;          // of the key that types it now
     void setlayout(const std::string& layout) const; // "us", "ru", "us,ru": two groups
     void lockgroup(unsigned group) const;            // which of them types
+    void emptyline() const; // of the line of text that has the keyboard, by keys of either toolkit
     void type(const std::string& ascii) const; // "\n" is Enter, "\t" Tab; what no key makes is out
 
     // Offers text as the selection that a middle click pastes, and serves it until it was taken or
