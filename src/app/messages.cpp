@@ -58,7 +58,9 @@ std::size_t fittinglength(const std::string& text) {
 std::string brokenlines(const std::string& text) {
     std::istringstream lines(text);
     std::string broken;
-    fl_font(fl_message_font_, fl_message_size_);
+    // A size that was never set is negative in one toolkit and the normal one in the other.
+    const int size = fl_message_size_ > 0 ? fl_message_size_ : FL_NORMAL_SIZE;
+    fl_font(fl_message_font_, size);
     for (std::string line; std::getline(lines, line);) {
         for (std::size_t n = fittinglength(line); n < line.size(); n = fittinglength(line)) {
             broken += line.substr(0, n) + '\n';

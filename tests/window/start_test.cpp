@@ -136,10 +136,10 @@ TEST_F(Start, AButtonExplainsItself) {
 TEST_F(Start, EveryWindowTellsWhoseItIs) {
     const auto expectintroduced = [this](windowid window) {
         const auto pid = static_cast<unsigned long>(vexel.child().pid());
-        EXPECT_TRUE(waitfor(10, [&] { return screen.number(window, "_NET_WM_PID") == pid; }));
+        EXPECT_TRUE(waitfor(10, [&] { return screen.number(window, "_NET_WM_ICON") == 16; }));
+        EXPECT_EQ(screen.number(window, "_NET_WM_PID"), pid);
         EXPECT_EQ(screen.property(window, "WM_CLASS"), std::string("vexel\0Vexel\0", 12));
         EXPECT_NE(screen.property(window, "WM_CLIENT_MACHINE"), "");
-        EXPECT_EQ(screen.number(window, "_NET_WM_ICON"), 16UL);
     };
     expectintroduced(vexel.window());
     for (const char* entry : {"About Vexel", "Set Cube Speed", "Input Cube", "Dump Macro File"}) {
