@@ -3,8 +3,11 @@
 // Linked into the program where coverage is counted: a test ends the program by a signal, which
 // would lose what was counted.
 #include <csignal>
-#include <gcov.h>
 #include <unistd.h>
+
+extern "C" {
+#include <gcov.h> // it does not know that it is read by C++
+}
 
 namespace {
 
