@@ -23,6 +23,7 @@
 #include <fstream>
 #include <iostream>
 #include <random>
+#include <unistd.h>
 #include <vector>
 
 namespace {
@@ -351,7 +352,8 @@ void replay(session& s, const std::string& path) {
 
 // Tells what happened and keeps the deeds that led there.
 void report(const session& s, const std::string& why) {
-    const std::string path = std::string(VEXEL_PICTURES) + "/monkey.deeds";
+    const std::string path =
+        std::string(VEXEL_PICTURES) + "/monkey-" + std::to_string(getpid()) + ".deeds";
     std::cerr << "monkey: " << why << "\nThe last events, all of which are in " << path << ":\n";
     std::ofstream file(path);
     const std::size_t shown = std::min<std::size_t>(s.done.size(), lastdeeds);
