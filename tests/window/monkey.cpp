@@ -30,6 +30,7 @@ namespace {
 
 constexpr int checkevery = 100; // deeds between two looks at the cube
 constexpr int lastdeeds = 40;   // of them the failure's report is made
+constexpr int slowness = 8;     // deeds that a busy program may be behind
 
 // Chance
 
@@ -235,7 +236,7 @@ bool goeson(session& s) {
     if (!status) {
         return true;
     }
-    const std::size_t from = s.done.size() - std::min<std::size_t>(s.done.size(), lastdeeds);
+    const std::size_t from = s.done.size() - std::min<std::size_t>(s.done.size(), slowness);
     if (*status != 0 ||
         std::none_of(s.done.begin() + static_cast<long>(from), s.done.end(), mayend)) {
         throw unwell("it ended with status " + std::to_string(*status));
@@ -283,6 +284,9 @@ bool calm(session& s) {
             bringback(s);
         }
         s.screen.movemouse(screenwidth - 1, screenheight - 1);
+        if (!s.screen.popups(s.vexel->window()).empty()) {
+            s.perform("press Escape 0"); // a menu that stayed open
+        }
         if (s.vexel->dialog() == 0 && s.vexel->waitquiet(0.7 + round) && s.vexel->dialog() == 0 &&
             inordinary(s)) {
             return true;
@@ -315,13 +319,22 @@ void look(session& s) {
     if (!quiet) {
         throw unwell("it does not come to rest, or not into sight");
     }
-    std::string letters = stickers(s.vexel->view_picture());
-    if (letters.find('?', 27) != std::string::npos) {
+    std::string letters;
+    std::string why;
+    const auto legal = [&] {
+        letters = stickers(s.vexel->view_picture());
+        why = whynotlegal(letters);
+        return why.empty();
+    };
+    // The window manager may show something of its own for a while.
+    if (!waitfor(3, legal) && letters.find('?', 27) != std::string::npos) {
         s.perform("menu Show Rear Cube");
         calm(s);
-        letters = stickers(s.vexel->view_picture());
+        waitfor(10, legal);
     }
-    const std::string why = goeson(s) ? whynotlegal(letters) : "";
+    if (!goeson(s)) {
+        return;
+    }
     if (!why.empty()) {
         throw unwell("no cube is " + letters + ": " + why);
     }
