@@ -4,6 +4,7 @@
 // write (tools/forms.h), one line of answer out.
 #include "solver/search.h"
 #include "solver/solver.h"
+#include "tools/drawing.h"
 #include "tools/fields.h"
 #include "tools/forms.h"
 #include "tools/inputs.h"
@@ -223,9 +224,18 @@ bool answer_here() {
     return good && whole;
 }
 
-bool answer_in_jobs() {
-    while (solves() && !initializesolve())
+// What the jobs are to share rather than make each for itself: the tables, and the part of them
+// that grows with the first ordinary cube.
+void prepare_jobs() {
+    while (!initializesolve())
         continue;
+    lot from(1);
+    my_user_enters_cube(drawcubies(from).c_str());
+}
+
+bool answer_in_jobs() {
+    if (solves())
+        prepare_jobs();
     startjobs(asked.jobs, answer_line);
     const bool whole = all_lines(givejob, waitforinput);
     return endjobs() && whole;
