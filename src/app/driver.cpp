@@ -110,14 +110,16 @@ void timeoutfunc(void*) {
 }
 
 void restdriver() {
-    if (rests++ > 0) {
-        return;
+    if (rests++ == 0) {
+        resting =
+            Fl::has_idle(IdleFunc, nullptr) != 0 || Fl::has_timeout(timeoutfunc, nullptr) != 0;
+        Fl::remove_idle(IdleFunc, nullptr);
+        Fl::remove_timeout(timeoutfunc, nullptr);
     }
-    resting = Fl::has_idle(IdleFunc, nullptr) != 0 || Fl::has_timeout(timeoutfunc, nullptr) != 0;
-    Fl::remove_idle(IdleFunc, nullptr);
-    Fl::remove_timeout(timeoutfunc, nullptr);
+    // What the command has done shows behind its box. A driver that rests already has not asked for
+    // it: the command of a menu runs before the menu is seen closed.
     if (resting && needsredraw != 0) {
-        cube->redraw(); // what the command has done shows behind the box
+        cube->redraw();
     }
 }
 

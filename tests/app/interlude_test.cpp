@@ -48,6 +48,27 @@ void leavebox() {
     screen().press(XK_Escape);
 }
 
+void turnandtell() {
+    applyturn(0);
+    needsredraw = 1;
+    showalert("text");
+}
+
+// Whether the view is another one behind the box that the command opens.
+bool showsbehind(void (*command)()) {
+    const picture before = screen().screenshot(viewonscreen());
+    bool seen = false;
+    withdialog(command, [&] {
+        for (int i = 0; i < 20; ++i) {
+            Fl::wait(0.01);
+        }
+        const picture behind = screen().screenshot(viewonscreen());
+        seen = !(behind.part({60, 100, 100, 200}) == before.part({60, 100, 100, 200}));
+        leavebox();
+    });
+    return seen;
+}
+
 } // namespace
 
 TEST_F(Interlude, AfterABoxTheEventIsTheOneThatOpenedIt) {
@@ -130,21 +151,16 @@ TEST_F(Interlude, TheDriverComesBackAsItWas) {
 
 TEST_F(Interlude, WhatTheCommandDidShowsBehindTheBox) {
     settle();
-    const picture before = screen().screenshot(viewonscreen());
-    bool seen = false;
-    withdialog(
-        [] {
-            applyturn(0);
-            needsredraw = 1;
-            showalert("text");
-        },
-        [&] {
-            for (int i = 0; i < 20; ++i) {
-                Fl::wait(0.01);
-            }
-            const picture behind = screen().screenshot(viewonscreen());
-            seen = !(behind.part({60, 100, 100, 200}) == before.part({60, 100, 100, 200}));
-            leavebox();
-        });
-    EXPECT_TRUE(seen);
+    EXPECT_TRUE(showsbehind(turnandtell));
+}
+
+// A menu calls its command before the driver's watch has seen it closed.
+TEST_F(Interlude, WhatACommandOfAMenuDidShowsBehindTheBox) {
+    settle();
+    EXPECT_TRUE(showsbehind([] {
+        restdriver();
+        turnandtell();
+        wakedriver();
+    }));
+    EXPECT_NE(Fl::has_idle(IdleFunc, nullptr), 0);
 }
