@@ -18,7 +18,7 @@ constexpr int centerof(int face) {
 }
 
 // A letter that is not there ends the compilation.
-constexpr int position(char letter) {
+consteval int position(char letter) {
     int i = 0;
     while (validcolors[i] != letter) {
         i++;
