@@ -3,7 +3,7 @@
 // shell: all that the rooms below the window may ask of the window.
 //
 // State     none here; each function reads or writes a widget of the main window.
-// Callers   src/model, src/render, src/macros, src/input and the command-line tools' own code.
+// Callers   the floors below the window, the solver for alt_q alone; and src/app itself.
 // Defined   in src/app/shell.cpp over the toolkit; in tests/nullshell.cpp as a recorder; in
 //           src/tools/noshell.cpp for programs without a window. Chosen when the program is linked.
 // Texts     are shown letter for letter: "%", "&" and "@" mean nothing. A null text is empty.

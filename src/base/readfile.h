@@ -8,7 +8,7 @@
 // Errors    are numbers: 0 for none, the system's own, or a negative one of this floor. whynot says
 //           each in words.
 // State     none.
-// Callers   replacefile, safestore, macrofile.
+// Callers   the files of this folder; macrofile, prefstore, vexel-macro.
 #pragma once
 
 #include <cstdio>

@@ -111,7 +111,7 @@ fs::path followed(const fs::path& path) {
     return target;
 }
 
-// Beside path, with that much room for more characters.
+// The path of that name in the folder of path.
 std::string beside(const fs::path& path, const std::string& name) {
     return (path.parent_path().empty() ? "." : path.parent_path().string()) + "/" + name;
 }
@@ -157,8 +157,8 @@ int copyfile(const std::string& path, const std::string& copy) {
     return error;
 }
 
-// Keeps a file under the first name that is free, which copy tells. With linking the file only gets
-// a second name; some disks know none.
+// Keeps a file under the first name that is free, which copy tells; "" where it fails. With linking
+// the file only gets a second name; some disks know none.
 int keepfile(const fs::path& path, bool linking, std::string& copy) {
     int error = EEXIST;
     for (int n = 1; error == EEXIST; ++n) {

@@ -16,7 +16,7 @@
 //           an error at once, one whose reader stops reading after a second.
 // Errors    as in readfile.h. What is told is the first step that failed.
 // State     none.
-// Callers   savefile, safestore.
+// Callers   savefile, safestore; vexel-macro for its pictures.
 #pragma once
 
 #include <string>

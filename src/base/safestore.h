@@ -11,7 +11,7 @@
 //           the next change.
 // Errors    are told in words, the system's where it has some; "" for none.
 // State     none.
-// Callers   preferences.
+// Callers   prefstore.
 #pragma once
 
 #include <functional>

@@ -8,7 +8,7 @@
 //           person edited it may read through a null pointer or beyond a value. Such a text is not
 //           given to it at all, and left as it is for the person to put right.
 // State     none.
-// Callers   preferences.
+// Callers   prefstore.
 //
 // A text is read in lines of at most 1023 bytes; what is longer counts as several lines. The first
 // three are not looked at. Each of the others is one of

@@ -9,7 +9,7 @@
 
 #include <cstdio>
 
-constexpr int macrolinesize = 99; // bytes read at a time: 98 characters and the NUL
+constexpr int macrolinesize = 99; // 98 bytes read at a time, the newline among them, and a NUL
 
 // A macro of a file. Filled with empty texts before the first is read.
 struct macro_lines {
@@ -19,7 +19,7 @@ struct macro_lines {
 };
 
 // Reads the next macro of the file: 1, or 0 at its end. A line is cut at its newline, or at a
-// carriage return and newline; one that is longer than 98 characters counts as several, and a NUL
-// ends its text early. A byte order mark at the beginning of the file is passed over. Where the
-// line of moves is missing it stays as the macro before left it.
+// carriage return and newline; one that is longer than 97 characters counts as several (with 98 the
+// second is empty), and a NUL ends its text early. A byte order mark at the beginning of the file
+// is passed over. Where the line of moves is missing it stays as the macro before left it.
 [[nodiscard]] int readmacrolines(std::FILE* file, macro_lines& macro);

@@ -127,7 +127,7 @@ bool ninetimes(const std::string& letters, char letter) {
     return std::count(letters.begin(), letters.end(), letter) == faceplaces;
 }
 
-// Written in one word, or in one for each face.
+// Written in one word, or in words of whole faces.
 bool looklikefacelets(std::string_view text) {
     if (text.size() < placecount || text.size() > 2 * placecount) {
         return false;

@@ -12,7 +12,7 @@
 //                                  (solver/cubecheck.h), as seen from the centres
 //
 // State     none of its own; the cube of the model is used for checking and written by makecube.
-// Callers   vexel-solve, vexel-macro.
+// Callers   inputs, properties, vexel-solve, vexel-macro.
 //
 // A line whose form is not told is taken for the first of these that it can be; what no form takes
 // is refused by the reading that came farthest:

@@ -16,7 +16,7 @@
 //
 // State     none.
 // Limits    groups are nested at most deepestgroup deep. Time is linear in the length.
-// Callers   forms, movewriting, vexel-macro.
+// Callers   forms, movewriting, properties, the tools; fields for its characters.
 #pragma once
 
 #include <cstddef>

@@ -30,10 +30,6 @@ constexpr const char* upperbooknames[] = {
     "z'", // 23 >B
 };
 
-} // namespace
-
-namespace {
-
 // Goes through the pieces in the order in which they are done, groups once. begin and end get the
 // rounds of a group.
 template <class turn_function, class begin_function, class end_function>

@@ -4,7 +4,7 @@
 //
 // State     none.
 // Limits    time is linear in the length of what is read and written.
-// Callers   forms, vexel-macro.
+// Callers   forms, properties, vexel-macro, vexel-solve.
 #pragma once
 
 #include "tools/movetext.h"

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-//
 #include "tools/noshell.h"
 
 #include "shell.h"

@@ -380,7 +380,8 @@ line_answer answerbad(const asked_line& line, const read_line& read, const std::
 
 // Pictures
 
-// Written as the window writes it; a device or a pipe in place.
+// Whole or not at all. Unlike the window this keeps nothing of the old file: a script that names
+// one means it.
 void writepicture(const std::string& file, const std::string& text) {
     if (file == "-") {
         put(text);
