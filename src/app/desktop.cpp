@@ -60,7 +60,7 @@ void introducenew(void*) {
     if (Fl::grab() != nullptr) {
         return; // a menu is open, whose windows no manager sees
     }
-    static std::vector<Window> shown;
+    static std::vector<Window> shown; // kept for its room: this runs at each turn of the loop
     shown.clear();
     for (Fl_Window* w = Fl::first_window(); w != nullptr; w = Fl::next_window(w)) {
         if (w->parent() == nullptr && w->override() == 0) {

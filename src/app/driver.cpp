@@ -27,7 +27,7 @@ void takequeuedturn() {
     startturn(turns[turn]);
     ++turn;
     if (turns[turn] == noturn) {
-        clearqueue();
+        clearqueue(); // the next macro has all of its room again
     }
     needsredraw = 1;
 }
@@ -38,7 +38,7 @@ void waitfortimeout() {
 }
 
 void quietpass() {
-    Fl::wait();
+    Fl::wait(); // does not sleep: while it calls us the toolkit only handles what is there
     watchmenus(nullptr);
     if (needsredraw != 0) {
         cube->redraw();
@@ -162,6 +162,6 @@ void setspeed() {
         TURNTIME = static_cast<int>(speed);
     }
     if (ttime >= TURNTIME) {
-        ttime = TURNTIME - 2;
+        ttime = TURNTIME - 2; // a turn beyond its new end goes on before the frame that lands it
     }
 }

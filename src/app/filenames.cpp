@@ -15,6 +15,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
+// Names that differ in case alone have an order, too, so that a listing is the same every time.
 bool before(const file_entry& a, const file_entry& b) {
     if (a.folder != b.folder) {
         return a.folder;
@@ -48,6 +49,7 @@ std::string commonbeginning(const std::string& a, const std::string& b) {
 
 } // namespace
 
+// One that fails on the way gives what came before.
 file_listing listfolder(const std::string& folder, const std::string& pattern, bool hidden) {
     file_listing listing;
     std::error_code failure;
@@ -95,7 +97,7 @@ completion completename(const std::string& folder, const std::string& pattern,
     const std::string before_it = folderpart(typed);
     completion result = {typed, 0};
     std::string common;
-    bool into = false;
+    bool into = false; // whether the last candidate is a folder; asked of an only one
     for (const file_entry& entry :
          listfolder(pathof(folder, before_it), pattern, begun.starts_with('.')).entries) {
         if (entry.name.starts_with(begun)) {

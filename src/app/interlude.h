@@ -8,7 +8,8 @@
 //             the event    Fl::event_key() and its kin tell of the key that closed the box;
 //             the quiet    the driver would go on playing turns, or spin without being able to.
 // State     the text of the last event that was put back; private.
-// Callers   messages, solvecube; whoever else opens a box that waits for its answer.
+// Callers   messages and filequestion, whose boxes wait for an answer; solvecube; menu, to show the
+//           toolkit another key for a moment.
 //
 // Behind a box     nothing moves: the turn in progress stays at its frame, the queue and the demo
 //                  wait, the program sleeps until the next event. The view is painted when it must

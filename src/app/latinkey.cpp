@@ -55,6 +55,7 @@ int letterofplace(XkbDescPtr keyboard, KeyCode code) {
     return 0;
 }
 
+// Asked anew for each key: a person may switch layouts at any time. The caller frees it.
 XkbDescPtr askkeyboard() {
     XkbDescPtr keyboard = XkbGetMap(fl_display, XkbKeySymsMask, XkbUseCoreKbd);
     if (keyboard != nullptr && XkbGetNames(fl_display, XkbKeyNamesMask, keyboard) != Success) {
@@ -85,6 +86,8 @@ int latinkey(int key) {
     return letter != 0 ? letter : key;
 }
 
+// A keyboard that can type the letter is asked for its key alone. On another one each key that is
+// held is looked at: no keysym tells which of them bears the letter.
 bool letterheld(char letter) {
     if (XKeysymToKeycode(fl_display, static_cast<KeySym>(letter)) != 0) {
         return Fl::get_key(letter) != 0;

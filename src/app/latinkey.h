@@ -2,8 +2,8 @@
 //
 // latinkey: which Latin letter a key bears, whatever alphabet the keyboard is set to.
 //
-// Callers   dispatch: Alt with a letter, and the interrupt chord, go by the key and not by what it
-//           types.
+// Callers   dispatch (Alt with a letter, the interrupt chord) and menu (the shortcuts), which go by
+//           the key and not by what it types.
 #pragma once
 
 // For a letter that is none of a..z: the Latin letter that the key of the current event bears in

@@ -48,7 +48,7 @@ struct button_row {
 };
 
 // The rows of buttons run U R F L B D, then twice U L F R B D: the orders differ and stay so.
-// Headings and buttons are made row after row, in the order of this table.
+// Headings and buttons are made row after row: the keyboard walks through them in this order.
 
 constexpr heading_row face_heading = {450, 25, 280, 22, "Face Moves"};
 constexpr button_row face_buttons[] = {
@@ -130,6 +130,7 @@ int scaled(int length, double scale) {
     return std::max(1, static_cast<int>(length * scale)); // downwards, so that texts fit
 }
 
+// Texts begin in the size of the labels, so that one number scales both.
 void lettersize(Fl_Widget* widget, int size) {
     widget->labelsize(static_cast<uchar>(size));
     if (auto* line = dynamic_cast<Fl_Input_*>(widget)) {
@@ -196,7 +197,7 @@ void makemacrolines() {
     inp = new my_input(447, 314, 270, 20);
     inp->callback(inp_cb, 0L);
     inp->tooltip("Current macro");
-    inp->when(FL_WHEN_ENTER_KEY_ALWAYS);
+    inp->when(FL_WHEN_ENTER_KEY_ALWAYS); // also without a change: a macro may be played again
     makeheading(defined_heading);
     choice = new Fl_Choice(447, 355, 270, 20);
     choice->tooltip("List of named macros");

@@ -33,6 +33,7 @@ Fl_Menu_Item end() {
 
 constexpr long last_command = 119;
 
+// The table is walked up to its last command: an empty record may end a menu or all of it.
 void setmark(long cmd, bool on) {
     Fl_Menu_Item* item = menutable;
     for (; item->argument() != last_command; ++item) {
@@ -91,13 +92,13 @@ void menucallback(Fl_Widget*, void* data) {
 
 int foreignshortcut(int event) {
     if (event != FL_SHORTCUT || Fl::modal() != nullptr) {
-        return 0;
+        return 0; // behind a box no command is to run
     }
     const int letter = latinkey(Fl::event_key());
     if (letter == Fl::event_key()) {
         return 0;
     }
-    const keptevent own;
+    const keptevent own; // whom the toolkit asks next finds the key as it was
     Fl::e_keysym = letter;
     return menubar->handle(FL_SHORTCUT);
 }

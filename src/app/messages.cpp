@@ -154,7 +154,7 @@ void setcubecolors() {
         showalert("Bad color pattern");
         return;
     }
-    letters.copy(colortable, cubefacecount);
+    letters.copy(colortable, cubefacecount); // the NUL behind them stays
     needsredraw = 1;
     writeprefs();
 }

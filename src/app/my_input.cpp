@@ -11,7 +11,7 @@
 
 int my_input::handle(int event) {
     if (event == FL_FOCUS) {
-        return 1;
+        return 1; // not the toolkit's: by Tab or an arrow it would move the cursor of the steps
     }
     if (solvingcube != 0) { // what came into the line now would give way to the solution
         return event == FL_UNFOCUS ? Fl_Input::handle(event) : 0;
@@ -42,7 +42,7 @@ int my_input::handle(int event) {
         if (event != FL_KEYDOWN) {
             return 1;
         }
-        b_cb(nullptr, 106);
+        b_cb(nullptr, 106); // Apply Macro
     }
     if (alt) {
         if (event == FL_KEYDOWN) {

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// What shell.h asks of the main window, over its widgets. Messages and the commands stand with
-// their own kind: messages.cpp, driver.cpp (delay), dispatch.cpp (b_cb, interpretkey, alt_q).
+// What shell.h asks of the main window, over its widgets. All else stands with its own kind:
+// messages.cpp, filequestion.cpp (askfile), macrochoice.cpp (the list), gizmo.cpp (the panel),
+// macroline.cpp (applymacro), driver.cpp (delay), dispatch.cpp (b_cb, interpretkey, alt_q).
 #include "shell.h"
 
 #include "app/mainwindow.h"

@@ -58,7 +58,7 @@ void showsolution(const char* solution) {
         showalert("Cube solution appears in macro area.\n"
                   "Type the return key to activate the solution.\n"
                   "Single-step slowly with the arrow keys.");
-        inp->take_focus();
+        inp->take_focus(); // for the return key and the arrows of the message
     }
     inp->position(0, 0);
     inp->redraw();
@@ -82,9 +82,10 @@ void solvecube() {
     finishturn();
     clearqueue();
     const std::string cubies = cubiestring();
-    setsearchdepth(tryhard + 14);
+    setsearchdepth(tryhard + 14); // 14 quarter turns unless told to search longer
     const char* solution = my_user_enters_cube(cubies.c_str());
     hidemessagewindow();
+    // "error" is also what a solved cube gives: neither is worth a box.
     if (solution == nullptr || std::strcmp(solution, "error") != 0) {
         showsolution(solution);
     }
