@@ -60,8 +60,10 @@ std::uint32_t pixel(int x, int y, int size) {
     std::uint32_t count = 0;
     std::uint32_t sum[3] = {};
     for (int i = 0; i < samples * samples; ++i) {
-        const double u = x + (i % samples + 0.5) / samples;
-        const double v = y + (i / samples + 0.5) / samples;
+        const int column = i % samples;
+        const int row = i / samples;
+        const double u = x + (column + 0.5) / samples;
+        const double v = y + (row + 0.5) / samples;
         const std::uint32_t color = colorat({u * canvas / size, v * canvas / size});
         if (color != nothing) {
             ++count;
@@ -81,6 +83,7 @@ std::uint32_t pixel(int x, int y, int size) {
 
 std::vector<std::uint32_t> makeicon(int size) {
     std::vector<std::uint32_t> pixels;
+    pixels.reserve(static_cast<std::size_t>(size) * static_cast<std::size_t>(size));
     for (int i = 0; i < size * size; ++i) {
         pixels.push_back(pixel(i % size, i / size, size));
     }

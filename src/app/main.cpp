@@ -38,6 +38,7 @@ namespace {
     va_list arguments;
     va_start(arguments, format);
     std::fputs("vexel: ", stderr);
+    // NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized): va_start has done it
     std::vfprintf(stderr, format, arguments);
     std::fputs(".\n", stderr);
     va_end(arguments);

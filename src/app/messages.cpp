@@ -161,7 +161,7 @@ void setcubecolors() {
 
 void showmessagewindow(const char* text, double) {
     static Fl_Box* box = nullptr;
-    if (messagewindow == nullptr) {
+    if (box == nullptr) {
         messagewindow = new Fl_Window(250, 100);
         box = new Fl_Box(FL_UP_BOX, 5, 5, 240, 90, nullptr);
         box->labelfont(FL_HELVETICA_BOLD);

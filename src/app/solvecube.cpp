@@ -44,7 +44,7 @@ bool initializesolver() {
 // comes to paint the view must not show the normalised cube.
 std::string cubiestring() {
     muckcube();
-    const std::string listing = dumpcube();
+    std::string listing = dumpcube();
     unmuckcube();
     return listing;
 }

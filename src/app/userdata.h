@@ -6,7 +6,7 @@
 #pragma once
 
 inline void* userdata(long number) {
-    return reinterpret_cast<void*>(number);
+    return reinterpret_cast<void*>(number); // NOLINT(performance-no-int-to-ptr): it is no pointer
 }
 
 inline long numberof(void* data) {

@@ -117,7 +117,7 @@ std::string changestored(const storedecision& decide) {
     }
     // Why the text cannot be changed; "" if it says already what it should.
     const auto difference = [&](const std::string& text, storeedits& changes) {
-        const std::string fault = storefault(text);
+        std::string fault = storefault(text);
         const storeentries before = fault.empty() ? ourentries(text) : storeentries();
         changes = fault.empty() ? decide(before) : storeedits();
         changes = changed(before, changes) == before ? storeedits() : changes;

@@ -38,8 +38,7 @@ void find_class_steps(const std::vector<classified>& of) {
         const int eflip = edge_class_edges[c] / a_eloc_size;
         const int eloc = edge_class_edges[c] % a_eloc_size;
         for (int t = 0; t < a_twist_count; t++) {
-            const auto x = static_cast<std::size_t>(twist_on_eflip_ptrs[t][eflip] * a_eloc_size +
-                                                    twist_on_eloc_ptrs[t][eloc]);
+            const int x = twist_on_eflip_ptrs[t][eflip] * a_eloc_size + twist_on_eloc_ptrs[t][eloc];
             assert(eflip_eloc_dist_table[x] < 16);
             edge_class_steps[c].edge_class[t] = class_by_least[of[x].number];
             edge_class_steps[c].rest[t] = static_cast<std::uint8_t>(

@@ -21,7 +21,7 @@
 
 class stage1_walk {
   public:
-    explicit stage1_walk(a_node* stack); // the root must be set
+    explicit stage1_walk(a_node* root); // its stack's first node, which must be set
 
     // All of the root's depth. Ends early when no better solution is left, or with error 1 when the
     // user interrupts.
