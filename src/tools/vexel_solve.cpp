@@ -24,11 +24,11 @@
 
 namespace {
 
-constexpr int least_depth = 14;
-constexpr int greatest_depth = 16;
+constexpr int leastdepth = 14;
+constexpr int greatestdepth = 16;
 
 struct settings {
-    int depth = least_depth;
+    int depth = leastdepth;
     int from = anyform;
     int to = macroform;
     int jobs = 1;
@@ -73,25 +73,28 @@ const char help[] =
     "Exit status is 0, or 1 if a line was invalid or a file could not be read, or 2\n"
     "for wrong usage or where an answer could not be written.\n";
 
-[[noreturn]] void say_and_exit(const std::string& text) {
+[[noreturn]] void sayandexit(const std::string& text) {
     put(text);
     flushanswers();
     std::exit(all_good);
 }
 
 // A number in digits alone from least to greatest; anything else is refused with the complaint.
-int parse_number(std::string_view text, int least, int greatest, const char* complaint) {
-    for (int number = least; number <= greatest; number++)
-        if (text == std::to_string(number))
+int parsenumber(std::string_view text, int least, int greatest, const char* complaint) {
+    for (int number = least; number <= greatest; number++) {
+        if (text == std::to_string(number)) {
             return number;
+        }
+    }
     refuseusage(complaint);
 }
 
-int parse_form(const char* text, bool any) {
+int parseform(const char* text, bool any) {
     const int form = findform(text);
-    if (form < 0 || (form == anyform && !any))
+    if (form < 0 || (form == anyform && !any)) {
         refuseusage(std::string(any ? "a form is auto, " : "a form is ") +
                     "macro, moves, facelets or cubies, not '" + text + "'");
+    }
     return form;
 }
 
@@ -110,32 +113,34 @@ constexpr option options[] = {
     {nullptr,   0,                 nullptr, 0            }
 };
 
-void parse_option(int c, char** argv) {
+void parseoption(int c, char** argv) {
     switch (c) {
     case 'd':
         asked.depth =
-            parse_number(optarg, least_depth, greatest_depth, "the depth must be 14, 15 or 16");
+            parsenumber(optarg, leastdepth, greatestdepth, "the depth must be 14, 15 or 16");
         break;
     case 'e': asked.arguments = true; break;
-    case 'f': asked.from = parse_form(optarg, true); break;
-    case 't': asked.to = parse_form(optarg, false); break;
-    case 'j': asked.jobs = parse_number(optarg, 1, mostjobs, "the jobs must be 1 to 256"); break;
+    case 'f': asked.from = parseform(optarg, true); break;
+    case 't': asked.to = parseform(optarg, false); break;
+    case 'j': asked.jobs = parsenumber(optarg, 1, mostjobs, "the jobs must be 1 to 256"); break;
     case 'v': asked.verbose = true; break;
     case header_option: asked.header = true; break;
     case json_option: asked.json = true; break;
-    case 'h': say_and_exit("Usage: " + escaped(programname) + usage + help);
-    case 'V': say_and_exit("vexel-solve " VEXEL_VERSION "\n");
+    case 'h': sayandexit("Usage: " + escaped(programname) + usage + help);
+    case 'V': sayandexit("vexel-solve " VEXEL_VERSION "\n");
     default: refuseoption(c, argv);
     }
 }
 
-void parse_arguments(int argc, char** argv) {
+void parsearguments(int argc, char** argv) {
     opterr = 0;
-    for (int c = 0; (c = getopt_long(argc, argv, ":d:ef:t:j:vhV", options, nullptr)) != -1;)
-        parse_option(c, argv);
+    for (int c = 0; (c = getopt_long(argc, argv, ":d:ef:t:j:vhV", options, nullptr)) != -1;) {
+        parseoption(c, argv);
+    }
     asked.words.assign(argv + optind, argv + argc);
-    if (asked.arguments && asked.words.empty())
+    if (asked.arguments && asked.words.empty()) {
         refuseusage("-e needs a cube");
+    }
 }
 
 // Answering
@@ -148,28 +153,31 @@ std::vector<field> titles() {
     std::vector<field> fields = {
         {solves() ? "solution" : formnames[asked.to], textfield, ""}
     };
-    if (asked.verbose && solves())
-        for (const char* title : {"turns", "stage1", "stage2", "seconds"})
+    if (asked.verbose && solves()) {
+        for (const char* title : {"turns", "stage1", "stage2", "seconds"}) {
             fields.push_back({title, numberfield, ""});
+        }
+    }
     return fields;
 }
 
-std::string in_moves(const std::string& macro) {
+std::string inmoves(const std::string& macro) {
     move_text moves;
     misfit bad;
     return readmacro(macro, true, moves, bad) ? bookmoves(moves) : macro;
 }
 
 // The solution of the model's cube and what it took, as titles() says.
-void fill_solution(std::vector<field>& fields) {
-    while (!initializesolve())
+void fillsolution(std::vector<field>& fields) {
+    while (!initializesolve()) {
         continue;
+    }
     const std::string cube = cubiestext();
     const auto start = std::chrono::steady_clock::now();
     const char* const answer = my_user_enters_cube(cube.c_str());
     const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
     const std::string solution = std::strcmp(answer, "error") == 0 ? "" : answer;
-    fields[0].value = asked.to == movesform ? in_moves(solution) : solution;
+    fields[0].value = asked.to == movesform ? inmoves(solution) : solution;
     if (asked.verbose) {
         char seconds[32];
         std::snprintf(seconds, sizeof seconds, "%.3f", time.count());
@@ -180,21 +188,22 @@ void fill_solution(std::vector<field>& fields) {
     }
 }
 
-std::vector<field> answer_fields(const read_line& line) {
+std::vector<field> answerfields(const read_line& line) {
     std::vector<field> fields = titles();
     makecube(line);
-    if (solves())
-        fill_solution(fields);
-    else
+    if (solves()) {
+        fillsolution(fields);
+    } else {
         fields[0].value = asked.to == faceletsform ? faceletstext() : cubiestext();
+    }
     return fields;
 }
 
-line_answer answer_line(const asked_line& line) {
+line_answer answerline(const asked_line& line) {
     static read_line read; // keeps its room from line to line
     const bool good = readasked(line, asked.from, read);
     line_answer answer = {good, "", notelines(line, read)};
-    std::vector<field> fields = good ? answer_fields(read) : errorfields(read);
+    std::vector<field> fields = good ? answerfields(read) : errorfields(read);
     if (asked.json) {
         fields.insert(fields.begin(), {"line", numberfield, std::to_string(line.number)});
         answer.out = jsonobject(fields);
@@ -204,20 +213,21 @@ line_answer answer_line(const asked_line& line) {
     return answer;
 }
 
-bool all_lines(const std::function<void(const asked_line&)>& take,
-               const std::function<void(const line_reader&)>& wait) {
+bool alllines(const std::function<void(const asked_line&)>& take,
+              const std::function<void(const line_reader&)>& wait) {
     return asked.arguments ? eachargument(asked.words, take) : eachline(asked.words, take, wait);
 }
 
-bool answer_here() {
+bool answerhere() {
     bool good = true;
-    const bool whole = all_lines(
+    const bool whole = alllines(
         [&](const asked_line& line) {
-            const line_answer answer = answer_line(line);
+            const line_answer answer = answerline(line);
             good = answer.good && good;
             putanswer(answer);
-            if (solves())
+            if (solves()) {
                 flushanswers();
+            }
         },
         [](const line_reader&) { flushanswers(); });
     flushanswers();
@@ -226,18 +236,20 @@ bool answer_here() {
 
 // What the jobs are to share rather than make each for itself: the tables, and the part of them
 // that grows with the first ordinary cube.
-void prepare_jobs() {
-    while (!initializesolve())
+void preparejobs() {
+    while (!initializesolve()) {
         continue;
+    }
     lot from(1);
     my_user_enters_cube(drawcubies(from).c_str());
 }
 
-bool answer_in_jobs() {
-    if (solves())
-        prepare_jobs();
-    startjobs(asked.jobs, answer_line);
-    const bool whole = all_lines(givejob, waitforinput);
+bool answerinjobs() {
+    if (solves()) {
+        preparejobs();
+    }
+    startjobs(asked.jobs, answerline);
+    const bool whole = alllines(givejob, waitforinput);
     return endjobs() && whole;
 }
 
@@ -246,9 +258,10 @@ bool answer_in_jobs() {
 int main(int argc, char** argv) {
     keepstandardfiles();
     nameprogram(argv[0]);
-    parse_arguments(argc, argv);
+    parsearguments(argc, argv);
     setsearchdepth(asked.depth);
-    if (asked.header && !asked.json)
+    if (asked.header && !asked.json) {
         put(titlerow(titles()));
-    return (asked.jobs > 1 ? answer_in_jobs() : answer_here()) ? all_good : some_invalid;
+    }
+    return (asked.jobs > 1 ? answerinjobs() : answerhere()) ? all_good : some_invalid;
 }
