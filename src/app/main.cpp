@@ -9,6 +9,7 @@
 #include "app/gizmo.h"
 #include "app/mainwindow.h"
 #include "app/messages.h"
+#include "app/my_input.h"
 #include "app/ownrandom.h"
 #include "app/toolkitstore.h"
 #include "macros/macrofile.h"
@@ -134,8 +135,10 @@ int main(int argc, char** argv) {
     initcubies();
     waitforwindow();
     macrodisplay(form->x() + paneldistance, form->y());
-    takekeyboard(); // a window manager gave it to the window that came last, the panel
-    cube->take_focus();
+    takekeyboard();           // a window manager gave it to the window that came last, the panel
+    if (Fl::focus() != inp) { // where the hasty are typing already
+        cube->take_focus();
+    }
     Fl::add_idle(IdleFunc, nullptr);
     tellheldalerts();
     return Fl::run();
