@@ -305,6 +305,7 @@ TEST_F(Colorcollector, FlipOnACentreLeavesMessageAndVerdictAlone) {
 
 TEST_F(Colorcollector, FinishClosesWithALegalCubeAndAsksForARedraw) {
     sanecube = 0;
+    needsredraw = 0;
     find("Finish")->do_callback();
     EXPECT_FALSE(dialog->shown());
     EXPECT_EQ(sanecube, 1);
@@ -315,6 +316,7 @@ TEST_F(Colorcollector, FinishClosesWithALegalCubeAndAsksForARedraw) {
 TEST_F(Colorcollector, RefusedFinishTellsWhyAndStaysOpen) {
     flipat(7);
     sanecube = 1;
+    needsredraw = 0;
     find("Finish")->do_callback();
     EXPECT_EQ(shell.messages,
               std::vector<std::string>{"alert: Cube coloration is invalid:\nFlip any edge cubie to "
