@@ -36,8 +36,9 @@ int sliceedge_of(const cube_struc& cube, const int (&marked)[4]) {
     return sliceedge_pack(labels);
 }
 
-// Depth by depth, from the least one on.
-void search_depths(const cube_struc& cube, int lower) {
+// Depth by depth, from the least one on. In a hurry, only until there is any solution.
+void search_depths(const cube_struc& cube, int lower, bool hurry) {
+    const int begin = shortest_solution;
     // A solvedepth below the first one is passed over.
     // Deliberate: NOT-BUGS.md, "A depth below the least one"
     for (int depth = lower;; depth++) {
@@ -45,7 +46,7 @@ void search_depths(const cube_struc& cube, int lower) {
         if (stage2_allotment < 0) {
             return;
         }
-        if (!grow_tables(depth)) {
+        if (!hurry && !grow_tables(depth)) {
             error = 1;
             return;
         }
@@ -55,7 +56,7 @@ void search_depths(const cube_struc& cube, int lower) {
         if (stage1_search(stack) == 0) {
             return;
         }
-        if (depth == solvedepth || depth + 1 > unreached) {
+        if (depth == solvedepth || depth + 1 > unreached || (hurry && shortest_solution < begin)) {
             return;
         }
     }
@@ -114,15 +115,19 @@ void solve_cube(cube_struc& cube) {
         return;
     }
     // 2. First as if a solution were known that nearly every cube improves on. It spares the long
-    // ones that the first depths would find; what is found below it is the same.
+    // ones that the first depths would find; what is found below it is the same. Who interrupts
+    // before that gets the first of the long ones.
+    bool hurry = false;
     for (const int bound : {likely_bound, unreached}) {
         // The bound has the parity of this cube's solutions.
         shortest_solution = bound + (metric == quarter_turn_metric && cube.corner_parity != 1);
         const int begin = shortest_solution;
-        search_depths(cube, lower);
-        if (shortest_solution < begin || error != 0) {
+        search_depths(cube, lower, hurry);
+        error = hurry ? 1 : error;
+        if (shortest_solution < begin) {
             return;
         }
+        hurry = error != 0;
     }
 }
 
