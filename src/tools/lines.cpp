@@ -135,3 +135,9 @@ void flushanswers() {
     }
     answers.clear();
 }
+
+void sayandexit(std::string_view text) {
+    put(text);
+    flushanswers();
+    std::exit(all_good);
+}

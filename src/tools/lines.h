@@ -53,3 +53,6 @@ void put(std::string_view text);
 // Writes what is kept back. Where that fails the program ends: by SIGPIPE if nobody reads any more,
 // which is no mistake of anybody; else with a complaint and bad_usage.
 void flushanswers();
+
+// What --help and --version do: the text alone, and the program ends with all_good.
+[[noreturn]] void sayandexit(std::string_view text);

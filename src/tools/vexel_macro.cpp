@@ -106,12 +106,6 @@ const char help[] =
     "Exit status is 0, or 1 if a line was invalid or a file could not be read, or 2\n"
     "for wrong usage or where an answer could not be written.\n";
 
-[[noreturn]] void sayandexit(const std::string& text) {
-    put(text);
-    flushanswers();
-    std::exit(all_good);
-}
-
 // Options
 
 enum {
