@@ -60,7 +60,9 @@ void process_cube(cube_struc& cube);
 
 // Searches all depths from the least that the tables allow up to solvedepth, and leaves the result
 // in outputstring, which must be empty before. Depths keep rising past a solvedepth that lies below
-// the least one, until no better solution is possible: no use with less than 14.
+// the least one, until no better solution is possible: no use with less than 14. Who interrupts
+// before there is any solution gets the best of the first depth that holds one; a second interrupt
+// meanwhile ends that, too.
 void solve_cube(cube_struc& cube);
 
 // The steps of it. A stack's root must be set, and in stage 2 the twist of the node after it be -1.
