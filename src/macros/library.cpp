@@ -173,7 +173,9 @@ void deletedefinedmacro() {
 
 // Deliberate: NOT-BUGS.md, "Deleting all macros takes the marks with it"
 void deleteallmacros() {
-    initlibrary();
+    while (maccount > 0) {
+        removemacro(maccount - 1);
+    }
     showmacros();
     refreshmacrodisplay(); // its numbers would reach past the table
 }

@@ -26,7 +26,7 @@ extern std::string macnames[maxmacros]; // the name of macro i
 extern std::string macstrs[maxmacros];  // its move string (model/notation.h)
 extern int showmac[maxmacros];          // 1 if it is marked for the gizmo panel, else 0
 
-void initlibrary(); // the table back to empty, without a word to the window
+void initlibrary(); // all of the above back to the initial values, without a word; for tests
 
 // The first macro of that name; -1 if there is none.
 [[nodiscard]] int findmacro(const std::string& name);
