@@ -27,7 +27,7 @@ bool isincycle(const program& vexel) {
         parsing = 1;
         const int count = parsestring(macro.c_str(), static_cast<int>(macro.size()));
         parsing = 0;
-        for (int i = 0; i < count; ++i) {
+        for (int i = 0; i < count; i++) {
             applyturn(turns[i]);
             if (vexel.shows(cubecolors)) {
                 return true;
@@ -41,7 +41,7 @@ bool memoryisconstant(program& vexel, double minutes) {
     const double begin = now();
     long first = 0;
     long last = 0;
-    for (int i = 1; i <= readings; ++i) {
+    for (int i = 1; i <= readings; i++) {
         waitfor(begin + i * minutes * 60 / readings - now(),
                 [&vexel] { return !vexel.child().running(); });
         last = vexel.child().residentkilobytes();

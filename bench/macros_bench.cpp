@@ -46,7 +46,7 @@ void loadfile(benchmark::State& state) {
     makelist();
     const std::string path = home() / "m.macros";
     std::ofstream file(path);
-    for (int i = 0; i < state.range(0); ++i) {
+    for (int i = 0; i < state.range(0); i++) {
         file << macroname(i) << "\nRlUUrLFFRlUUrLFF\n";
     }
     file.close();
@@ -63,7 +63,7 @@ void readstore(benchmark::State& state) {
     fs::create_directories(path.parent_path());
     std::ofstream file(path);
     file << "; \n; \n; \n\n[./Vexelprefs]\n\nspeed:100\ncolors:WGRBOY\n";
-    for (int i = 0; i < state.range(0); ++i) {
+    for (int i = 0; i < state.range(0); i++) {
         file << "mac" << i << ":" << macroname(i) << "\nval" << i << ":RlUUrLFFRlUUrLFF\n";
         file << "gizmo" << i << ":" << i % 2 << "\n";
     }

@@ -28,7 +28,7 @@ double starttime(xserver& screen) {
     constexpr int runs = 8;
     const scratchfolder home;
     double best = 1e9;
-    for (int i = 0; i < runs; ++i) {
+    for (int i = 0; i < runs; i++) {
         const double start = now();
         const program vexel(screen, {.home = home.path()});
         best = std::min(best, now() - start);

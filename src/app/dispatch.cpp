@@ -194,7 +194,7 @@ int alt_q() {
 void interpretkey(int key) {
     const int letter = latinkey(key);
     constexpr char letters[] = "udlrfb"; // ORDER TURN: letter i turns with code 2 i
-    for (int i = 0; letters[i] != '\0'; ++i) {
+    for (int i = 0; letters[i] != '\0'; i++) {
         if (letter == letters[i]) {
             b_cb(nullptr, 2 * i);
         }

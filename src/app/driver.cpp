@@ -25,7 +25,7 @@ constinit bool inmenu = false;  // a menu is open, and has it rest
 
 void takequeuedturn() {
     startturn(turns[turn]);
-    ++turn;
+    turn++;
     if (turns[turn] == noturn) {
         clearqueue(); // the next macro has all of its room again
     }
@@ -81,7 +81,7 @@ void animationpass() {
     } else {
         makesureitlands();
     }
-    ++ttime;
+    ttime++;
     cube->redraw();
     if (ttime == TURNTIME) {
         endturn();

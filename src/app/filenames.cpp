@@ -103,7 +103,7 @@ completion completename(const std::string& folder, const std::string& pattern,
         if (entry.name.starts_with(begun)) {
             common = result.candidates == 0 ? entry.name : commonbeginning(common, entry.name);
             into = entry.folder;
-            ++result.candidates;
+            result.candidates++;
         }
     }
     if (result.candidates > 0) {

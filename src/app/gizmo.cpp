@@ -60,7 +60,7 @@ void makepanel(int x, int y) {
     auto* heading = new Fl_Box(0, 5, 280, 22, "Macro Gizmo");
     heading->labelfont(FL_HELVETICA_BOLD);
     heading->labelsize(20);
-    for (int i = 0; i < buttoncount; ++i) {
+    for (int i = 0; i < buttoncount; i++) {
         buttons[i] = new Fl_Button(3, 30 + 24 * i, 274, 22);
         buttons[i]->align(FL_ALIGN_CENTER | FL_ALIGN_INSIDE | FL_ALIGN_CLIP);
         buttons[i]->callback(macbut_cb, userdata(i));
@@ -90,13 +90,13 @@ void setbutton(Fl_Button* button, const std::string& label, int macro) {
 // Gives the buttons the marked macros; returns how many have one.
 int fillpanel() {
     int used = 0;
-    for (int i = 0; i < maccount && used < buttoncount; ++i) {
+    for (int i = 0; i < maccount && used < buttoncount; i++) {
         if (showmac[i] != 0) {
             setbutton(buttons[used], plainlabel(macnames[i]), i);
-            ++used;
+            used++;
         }
     }
-    for (int i = used; i < buttoncount; ++i) {
+    for (int i = used; i < buttoncount; i++) {
         setbutton(buttons[i], "*", nomacro);
     }
     return used;

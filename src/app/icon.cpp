@@ -59,21 +59,21 @@ std::uint32_t colorat(point p) {
 std::uint32_t pixel(int x, int y, int size) {
     std::uint32_t count = 0;
     std::uint32_t sum[3] = {};
-    for (int i = 0; i < samples * samples; ++i) {
+    for (int i = 0; i < samples * samples; i++) {
         const int column = i % samples;
         const int row = i / samples;
         const double u = x + (column + 0.5) / samples;
         const double v = y + (row + 0.5) / samples;
         const std::uint32_t color = colorat({u * canvas / size, v * canvas / size});
         if (color != nothing) {
-            ++count;
-            for (int channel = 0; channel < 3; ++channel) {
+            count++;
+            for (int channel = 0; channel < 3; channel++) {
                 sum[channel] += color >> (8 * channel) & 255;
             }
         }
     }
     std::uint32_t argb = count * 255 / (samples * samples) << 24;
-    for (int channel = 0; channel < 3 && count > 0; ++channel) {
+    for (int channel = 0; channel < 3 && count > 0; channel++) {
         argb |= sum[channel] / count << (8 * channel);
     }
     return argb;
@@ -84,7 +84,7 @@ std::uint32_t pixel(int x, int y, int size) {
 std::vector<std::uint32_t> makeicon(int size) {
     std::vector<std::uint32_t> pixels;
     pixels.reserve(static_cast<std::size_t>(size) * static_cast<std::size_t>(size));
-    for (int i = 0; i < size * size; ++i) {
+    for (int i = 0; i < size * size; i++) {
         pixels.push_back(pixel(i % size, i / size, size));
     }
     return pixels;

@@ -37,7 +37,7 @@ void applychosen(int macro) {
 
 void showmacros() {
     const int count = std::max(maccount, 1); // row 0 of an empty table holds empty texts
-    for (int i = 0; i < count; ++i) {
+    for (int i = 0; i < count; i++) {
         // A file of macros comes here once for each: only a name that is new costs a label.
         if (names[i] != macnames[i]) {
             names[i] = macnames[i];

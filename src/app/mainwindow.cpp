@@ -245,7 +245,7 @@ void makeform(const char* title) {
     cube->mode(FL_DOUBLE);
     cube->end();
     form->end();
-    for (int i = 0; i < form->children(); ++i) {
+    for (int i = 0; i < form->children(); i++) {
         Fl_Widget* w = form->child(i);
         places.push_back({w, w->x(), w->y(), w->w(), w->h(), w->labelsize()});
     }

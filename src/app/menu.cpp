@@ -36,7 +36,7 @@ constexpr long last_command = 119;
 // The table is walked up to its last command: an empty record may end a menu or all of it.
 void setmark(long cmd, bool on) {
     Fl_Menu_Item* item = menutable;
-    for (; item->argument() != last_command; ++item) {
+    for (; item->argument() != last_command; item++) {
         if (item->argument() == cmd) {
             on ? item->set() : item->clear();
         }

@@ -81,7 +81,7 @@ std::string label(const char* text) {
 // The six colour letters of an answer, in upper case; empty if it is a bad one.
 std::string colorletters(const char* answer) {
     std::string letters;
-    for (int i = 0; i < cubefacecount && answer[i] != '\0'; ++i) {
+    for (int i = 0; i < cubefacecount && answer[i] != '\0'; i++) {
         const char upper = answer[i] >= 'a' && answer[i] <= 'z' ? flipcase(answer[i]) : answer[i];
         if (findletter(upper) == nullptr || letters.find(upper) != std::string::npos) {
             return "";

@@ -12,7 +12,7 @@ constinit char** entry = nullptr;           // in the environment; null while no
 constinit char* home = nullptr;             // what stood there
 
 void hidehome(int, char**, char** environment) {
-    for (char** at = environment; *at != nullptr; ++at) {
+    for (char** at = environment; *at != nullptr; at++) {
         if (std::strncmp(*at, "HOME=", 5) == 0) {
             entry = at;
             home = *at;

@@ -105,7 +105,7 @@ int writetodisk(descriptor& file, std::string_view content) {
 fs::path followed(const fs::path& path) {
     fs::path target = path;
     std::error_code error;
-    for (int i = 0; i < maxlinks && fs::is_symlink(fs::symlink_status(target, error)); ++i) {
+    for (int i = 0; i < maxlinks && fs::is_symlink(fs::symlink_status(target, error)); i++) {
         target = target.parent_path() / fs::read_symlink(target, error);
     }
     return target;
@@ -161,7 +161,7 @@ int copyfile(const std::string& path, const std::string& copy) {
 // the file only gets a second name; some disks know none.
 int keepfile(const fs::path& path, bool linking, std::string& copy) {
     int error = EEXIST;
-    for (int n = 1; error == EEXIST; ++n) {
+    for (int n = 1; error == EEXIST; n++) {
         copy = keptname(path, n);
         error = linking ? errorof([&] { return link(path.c_str(), copy.c_str()); }) : EPERM;
         if (error != 0 && error != EEXIST) {

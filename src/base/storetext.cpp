@@ -17,7 +17,7 @@ constexpr std::size_t keysize = 127;   // the same for a key
 // toolkit reads it. Stops when use returns false.
 template <typename use_type> void foreachline(const std::string& text, const use_type& use) {
     std::size_t begin = 0;
-    for (int number = 1; begin < text.size(); ++number) {
+    for (int number = 1; begin < text.size(); number++) {
         const std::string_view rest = std::string_view(text).substr(begin, linesize);
         const std::size_t size = std::min(rest.find('\n'), rest.size() - 1) + 1;
         // A NUL, too, ends what the toolkit sees of a line.
@@ -114,7 +114,7 @@ char letterof(char escaped) {
 // text.
 std::string plain(const std::string& value) {
     std::string text;
-    for (std::size_t i = 0; i < value.size(); ++i) {
+    for (std::size_t i = 0; i < value.size(); i++) {
         if (value[i] != '\\') {
             text += value[i];
         } else if (digit(value[++i])) {

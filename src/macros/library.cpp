@@ -68,7 +68,7 @@ void removemacro(int i) {
     removefrom(macnames);
     removefrom(macstrs);
     removefrom(showmac);
-    --maccount;
+    maccount--;
     macnames[maccount].clear();
     macstrs[maccount].clear();
     showmac[maccount] = 0;
@@ -110,7 +110,7 @@ int addmacro(const char* name, const char* text) {
     macnames[maccount] = plainname(name);
     macstrs[maccount] = marked ? text + 1 : text;
     showmac[maccount] = marked ? 1 : 0;
-    ++maccount;
+    maccount++;
     showmacros();
     if (marked) {
         macrodisplay(0, 0);

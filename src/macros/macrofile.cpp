@@ -57,7 +57,7 @@ std::set<macropair> writtenandread() {
 std::vector<std::string> notwhole() {
     const std::set<macropair> read = writtenandread();
     std::vector<std::string> names;
-    for (int i = 0; i < maccount; ++i) {
+    for (int i = 0; i < maccount; i++) {
         if (!read.contains({macnames[i], macstrs[i]}) || macstrs[i].starts_with("$")) {
             names.push_back(macnames[i]);
         }
@@ -71,7 +71,7 @@ void tellnotwhole() {
         return;
     }
     std::string text = "Not to come back whole from this file:\n";
-    for (std::size_t i = 0; i < std::min(names.size(), shownames); ++i) {
+    for (std::size_t i = 0; i < std::min(names.size(), shownames); i++) {
         const bool cut = names[i].size() > shownpart;
         text += names[i].substr(0, shownpart) + (cut ? "...\n" : "\n");
     }
@@ -89,7 +89,7 @@ int loadmacrofile(const char* path) {
 }
 
 void printmacrodefs(std::FILE* file) {
-    for (int i = 0; i < maccount; ++i) {
+    for (int i = 0; i < maccount; i++) {
         // Deliberate: NOT-BUGS.md, "A saved file has no marks"
         std::fprintf(file, "%s\n%s\n", macnames[i].c_str(), macstrs[i].c_str());
     }

@@ -67,7 +67,7 @@ bool isnamed(const storeentries& store, int n, const std::string& name) {
 
 // The number of the first macro of that name; -1 if there is none.
 int findnumber(const storeentries& store, const std::string& name) {
-    for (int n = 0; n < maxprefmacros; ++n) {
+    for (int n = 0; n < maxprefmacros; n++) {
         if (hasmacro(store, n) && isnamed(store, n, name)) {
             return n;
         }
@@ -79,7 +79,7 @@ int firstfree(const storeentries& store) {
     int n = 0;
     while (hasmacro(store, n)) {
         // Deliberate: NOT-BUGS.md, "Macros beyond the two hundredth are stored and not read"
-        ++n;
+        n++;
     }
     return n;
 }
@@ -124,7 +124,7 @@ void readprefs() {
     const int speed = number(store, "speed", standardspeed);
     TURNTIME = speed >= 1 && speed <= maxspeed ? speed : standardspeed;
     lastmacrofilename = text(store, "macrofilename", filenamesize);
-    for (int n = 0; n < maxprefmacros; ++n) {
+    for (int n = 0; n < maxprefmacros; n++) {
         if (hasmacro(store, n)) {
             readmacro(store, n);
             // Deliberate: NOT-BUGS.md, "Colours are read only with a stored macro"
@@ -190,7 +190,7 @@ void deletegizmomac(const char* name) {
 void deleteallgizmoprefs() {
     change([](const storeentries& store) {
         storeedits changes;
-        for (int n = 0; n < maxprefmacros; ++n) {
+        for (int n = 0; n < maxprefmacros; n++) {
             const std::string mark = key("gizmo", n);
             if (number(store, mark, -1) != 0) {
                 changes.emplace_back(mark, std::nullopt);

@@ -123,7 +123,7 @@ TEST_F(DemoMacro, ALongMacroIsCutBetweenGroups) {
 }
 
 TEST_F(DemoMacro, NoDigitIsPartedFromItsGroup) {
-    for (char digit = '0'; digit <= '9'; ++digit) {
+    for (char digit = '0'; digit <= '9'; digit++) {
         SCOPED_TRACE(digit);
         EXPECT_EQ(times(198, "U"), cut(times(198, "U") + digit + "(FRU)"));
     }

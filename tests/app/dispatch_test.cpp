@@ -74,10 +74,10 @@ constexpr long quit = 105;
 
 std::vector<long> allcommands() {
     std::vector<long> all;
-    for (long cmd = 0; cmd < turncount; ++cmd) {
+    for (long cmd = 0; cmd < turncount; cmd++) {
         all.push_back(cmd);
     }
-    for (long cmd = 100; cmd < 130; ++cmd) {
+    for (long cmd = 100; cmd < 130; cmd++) {
         all.push_back(cmd);
     }
     return all;
@@ -117,7 +117,7 @@ TEST_F(Dispatch, NumbersWithoutACommandOnlyAskForARedraw) {
 }
 
 TEST_F(Dispatch, ATurnCodeStartsThatTurnAndItsInverseWithShift) {
-    for (int code = 0; code < turncount; ++code) {
+    for (int code = 0; code < turncount; code++) {
         SCOPED_TRACE(code);
         b_cb(nullptr, code);
         EXPECT_EQ(turnmode, code);
@@ -422,7 +422,7 @@ TEST_F(Dispatch, EveryOtherCommandDoesItsWorkDuringTheDemo) {
         stopdemo();
         settle();
     }
-    for (int code = 0; code < turncount; ++code) {
+    for (int code = 0; code < turncount; code++) {
         b_cb(nullptr, 111);
         b_cb(nullptr, code);
         EXPECT_EQ(turnmode, code);
@@ -458,7 +458,7 @@ TEST_F(Dispatch, TheFirstJumbleOfARunTakes213Passes) {
     srand(1);
     EXPECT_EQ(rand() % 200 + 30, 213);
     initcubies();
-    for (int i = 0; i < 213; ++i) {
+    for (int i = 0; i < 213; i++) {
         moveface(static_cast<unsigned>(rand() % 6));
         movecube(static_cast<unsigned>(rand() % 6));
         moveslice(static_cast<unsigned>(rand() % 6));

@@ -70,7 +70,7 @@ TEST_F(Driver, ATurnWhoseLastFrameWasPaintedTwiceLandsOnce) {
     while (ttime != TURNTIME - 1) {
         pass();
     }
-    for (int i = 0; i < 3; ++i) {
+    for (int i = 0; i < 3; i++) {
         cube->redraw();
         Fl::flush();
     }
@@ -81,7 +81,7 @@ TEST_F(Driver, ATurnWhoseLastFrameWasPaintedTwiceLandsOnce) {
 TEST_F(Driver, ATurnLandsWhenTheSpeedIsSetToItsVeryFrame) {
     TURNTIME = 100;
     startturn(6);
-    for (int i = 0; i < 4; ++i) {
+    for (int i = 0; i < 4; i++) {
         pass();
     }
     Fl::flush(); // frame 4, under the old speed
@@ -157,7 +157,7 @@ TEST_F(Driver, ATurnStartedInTheMiddleOfAnotherTakesItsPlace) {
 TEST_F(Driver, TheInterruptTakesTheTurnBackAndDropsTheQueue) {
     TURNTIME = 50;
     queuemacro("FRB");
-    for (int i = 0; i < 5; ++i) {
+    for (int i = 0; i < 5; i++) {
         pass();
     }
     screen().hold(alt_key);
@@ -219,7 +219,7 @@ TEST_F(Driver, ATurnBeyondTheNewLengthGoesOnNearItsEnd) {
 TEST_F(Driver, AFrameBeforeTheFirstPassIsTheStillCube) {
     settle();
     const picture still = exposedview();
-    for (int code = 0; code < turncount; ++code) {
+    for (int code = 0; code < turncount; code++) {
         SCOPED_TRACE(code);
         startturn(code);
         ttime = -1;
@@ -250,7 +250,7 @@ TEST_F(Driver, ADelayWaitsAMillisecond) {
     Fl::remove_idle(IdleFunc, nullptr);
     Fl::remove_timeout(timeoutfunc, nullptr);
     double shortest = 1;
-    for (int i = 0; i < 50; ++i) {
+    for (int i = 0; i < 50; i++) {
         const double start = now();
         delay();
         shortest = std::min(shortest, now() - start);
@@ -258,7 +258,7 @@ TEST_F(Driver, ADelayWaitsAMillisecond) {
     Fl::add_idle(IdleFunc, nullptr);
     EXPECT_LT(shortest, 0.005);
     double whole = 0;
-    for (int i = 0; i < 3 && whole < 0.0005; ++i) { // an event may come in and end one at once
+    for (int i = 0; i < 3 && whole < 0.0005; i++) { // an event may come in and end one at once
         Fl::remove_idle(IdleFunc, nullptr);
         const double start = now();
         delay();

@@ -28,7 +28,7 @@ using answered = std::optional<std::string>;
 // The question's widgets, found as the toolkit lists them.
 template <class widget> widget* part(int number = 0) {
     const Fl_Group* window = Fl::modal();
-    for (int i = 0; window != nullptr && i < window->children(); ++i) {
+    for (int i = 0; window != nullptr && i < window->children(); i++) {
         auto* found = dynamic_cast<widget*>(window->child(i));
         if (found != nullptr && number-- == 0) {
             return found;
@@ -54,7 +54,7 @@ std::string note() {
 std::string lines() {
     const auto* list = part<Fl_Hold_Browser>();
     std::string all;
-    for (int i = 1; i <= list->size(); ++i) {
+    for (int i = 1; i <= list->size(); i++) {
         all += std::string(list->text(i)) + " ";
     }
     return all;
@@ -77,7 +77,7 @@ void keys(const std::string& text) {
 // A click inside the question.
 void click(int x, int y, int times = 1) {
     const rectangle r = screen().place(screen().windows().back());
-    for (int i = 0; i < times; ++i) {
+    for (int i = 0; i < times; i++) {
         screen().click(r.x + x, r.y + y);
     }
 }
@@ -89,7 +89,7 @@ void clickline(int line, int times = 1) {
 }
 
 void clickbutton(const std::string& label) {
-    for (int i = 0; part<Fl_Button>(i) != nullptr; ++i) {
+    for (int i = 0; part<Fl_Button>(i) != nullptr; i++) {
         const auto* button = part<Fl_Button>(i);
         if (button->label() == label) {
             click(button->x() + button->w() / 2, button->y() + button->h() / 2);

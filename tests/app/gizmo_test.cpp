@@ -26,10 +26,10 @@ class Gizmo : public macrowindowtest {
   protected:
     // What the panel holds: the numbers given, then "none" on the other buttons.
     static void expectpanel(std::vector<int> numbers) {
-        for (std::size_t i = 0; i < numbers.size(); ++i) {
+        for (std::size_t i = 0; i < numbers.size(); i++) {
             EXPECT_EQ(macnames[numbers[i]], button(static_cast<int>(i))->label());
         }
-        for (std::size_t i = numbers.size(); i < 16; ++i) {
+        for (std::size_t i = numbers.size(); i < 16; i++) {
             EXPECT_STREQ("*", button(static_cast<int>(i))->label());
         }
         numbers.resize(16, -1);
@@ -38,7 +38,7 @@ class Gizmo : public macrowindowtest {
 
     // Presses every button and looks at what came of it.
     static void presseverybutton() {
-        for (int i = 0; i < 16; ++i) {
+        for (int i = 0; i < 16; i++) {
             const int macro = paneldata()[i];
             initcubies();
             inp->value("before");
@@ -77,7 +77,7 @@ TEST_F(Gizmo, HasTheDesignedLayout) {
     EXPECT_EQ(FL_HELVETICA_BOLD, heading->labelfont());
     EXPECT_EQ(20, heading->labelsize());
     EXPECT_EQ(5, heading->y());
-    for (int i = 0; i < 16; ++i) {
+    for (int i = 0; i < 16; i++) {
         EXPECT_EQ(3, button(i)->x());
         EXPECT_EQ(30 + 24 * i, button(i)->y());
         EXPECT_EQ(274, button(i)->w());
@@ -97,7 +97,7 @@ TEST_F(Gizmo, StaysWhereItWasMade) {
 
 TEST_F(Gizmo, HasRoomForTheFirstSixteen) {
     std::vector<int> all;
-    for (int i = 0; i < 17; ++i) {
+    for (int i = 0; i < 17; i++) {
         all.push_back(i);
     }
     filltable(17, all);

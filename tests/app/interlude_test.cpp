@@ -59,7 +59,7 @@ bool showsbehind(void (*command)()) {
     const picture before = screen().screenshot(viewonscreen());
     bool seen = false;
     withdialog(command, [&] {
-        for (int i = 0; i < 20; ++i) {
+        for (int i = 0; i < 20; i++) {
             Fl::wait(0.01);
         }
         const picture behind = screen().screenshot(viewonscreen());

@@ -22,7 +22,7 @@ namespace {
 class Macrochoice : public macrowindowtest {
   protected:
     static void expectlist() {
-        for (int i = 0; i < maccount; ++i) {
+        for (int i = 0; i < maccount; i++) {
             ASSERT_EQ(plainlabel(macnames[i]), choices[i].text);
             ASSERT_EQ(i, choices[i].argument());
         }
@@ -52,7 +52,7 @@ TEST_F(Macrochoice, AnAdditionChoosesTheFirstEntry) {
 
 TEST_F(Macrochoice, EndsProperlyWhenTheTableIsFull) {
     initlibrary();
-    for (int i = 0; i < 500; ++i) {
+    for (int i = 0; i < 500; i++) {
         addmacro("n", "R");
     }
     expectlist();

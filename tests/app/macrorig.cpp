@@ -28,7 +28,7 @@ struct dialogs {
 
 // The button that accepts the answer, or the one that ends the dialog without.
 Fl_Button* dialogbutton(bool accept) {
-    for (int i = 0; i < Fl::modal()->children(); ++i) {
+    for (int i = 0; i < Fl::modal()->children(); i++) {
         auto* b = dynamic_cast<Fl_Button*>(Fl::modal()->child(i));
         if (b != nullptr && b->visible() != 0) {
             const std::string label = b->label();
@@ -47,7 +47,7 @@ std::string dialogtext() {
 
 void answerdialog(dialogs& all) {
     const std::optional<std::string> answer = all.answers[all.texts.size()];
-    for (int i = 0; i < Fl::modal()->children(); ++i) {
+    for (int i = 0; i < Fl::modal()->children(); i++) {
         auto* line = dynamic_cast<Fl_Input*>(Fl::modal()->child(i));
         if (line != nullptr && line->visible() != 0 && answer) {
             line->value(answer->c_str());
@@ -97,7 +97,7 @@ macrowindowtest::macrowindowtest() {
 
 void macrowindowtest::filltable(int count, const std::vector<int>& marked) {
     initlibrary();
-    for (int i = 0; i < count; ++i) {
+    for (int i = 0; i < count; i++) {
         addmacro(nameof(i).c_str(), movesof(i).c_str());
         showmac[i] = std::ranges::count(marked, i) != 0 ? 1 : 0;
     }
@@ -124,7 +124,7 @@ bool macrowindowtest::appliedonly(int macro) {
 
 std::vector<int> macrowindowtest::paneldata() {
     std::vector<int> numbers;
-    for (int i = 0; i < 16; ++i) {
+    for (int i = 0; i < 16; i++) {
         numbers.push_back(static_cast<int>(button(i)->argument()));
     }
     return numbers;

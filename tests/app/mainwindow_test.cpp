@@ -136,7 +136,7 @@ bool islabelled(const Fl_Widget* widget) {
 
 TEST_F(Mainwindow, HeadingsAndButtonsAreMadeAsLaidOut) {
     int next = 0;
-    for (int i = 0; i < form->children(); ++i) {
+    for (int i = 0; i < form->children(); i++) {
         const Fl_Widget* widget = form->child(i);
         if (!islabelled(widget)) {
             continue;
@@ -195,7 +195,7 @@ TEST_F(Mainwindow, MenusAreAsListed) {
     while (menutable[record].text != nullptr) {
         EXPECT_EQ(menutable[record].flags, FL_SUBMENU);
         const std::string title = menutable[record++].text;
-        for (; menutable[record].text != nullptr; ++record, ++row) {
+        for (; menutable[record].text != nullptr; record++, row++) {
             ASSERT_LT(row, std::ssize(menus));
             SCOPED_TRACE(menus[row].text);
             EXPECT_EQ(title, menus[row].menu);

@@ -39,7 +39,7 @@ void answercolors(const char* answer) {
 } // namespace
 
 TEST_F(Messages, TheWaitPanelLiesLeftOfTheMiddle) {
-    for (int again = 0; again < 2; ++again) {
+    for (int again = 0; again < 2; again++) {
         form->position(20 + 50 * again, 30 + 40 * again);
         showmessagewindow("Initializing solver ...\n", 3);
         EXPECT_EQ(messagewindow->x(), 20 + 50 * again + form->w() / 2 - 100);
@@ -81,7 +81,7 @@ TEST_F(Messages, TextsAreShownLetterForLetter) {
 
 TEST_F(Messages, LinesWiderThanTheScreenAreBrokenBehindABlank) {
     std::string words;
-    for (int i = 0; i < 400; ++i) {
+    for (int i = 0; i < 400; i++) {
         words += "word ";
     }
     const std::string shown = shownby([&] { showalert(("short\n" + words).c_str()); });
@@ -124,7 +124,7 @@ TEST_F(Messages, TheColourQuestionShowsTheLettersAndTheColoursInForce) {
     std::string question = "no box";
     withdialog(setcubecolors, [&] {
         question = boxtext();
-        for (int i = 0; i < Fl::modal()->children(); ++i) {
+        for (int i = 0; i < Fl::modal()->children(); i++) {
             const auto* line = dynamic_cast<const Fl_Input*>(Fl::modal()->child(i));
             preset = line != nullptr ? line->value() : preset;
         }

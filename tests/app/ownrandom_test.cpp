@@ -41,7 +41,7 @@ TEST(OwnRandom, WhatTheLibrariesDrawOrSeedDoesNotMoveTheProgram) {
     std::srand(99);
     const int first = std::rand();
     std::srand(99);
-    for (int i = 0; i < 5; ++i) {
+    for (int i = 0; i < 5; i++) {
         owndraw();
     }
     EXPECT_EQ(first, std::rand());

@@ -66,7 +66,7 @@ void buildwindow() {
     form->show();
     cube->show();
     Fl::add_idle(IdleFunc, nullptr);
-    for (int i = 0; i < 50; ++i) {
+    for (int i = 0; i < 50; i++) {
         Fl::wait(0.01);
     }
     screen().focus(screen().windows().back());
@@ -106,7 +106,7 @@ int passestoend() {
     int passes = 0;
     while (turnmode != noturn) {
         pass();
-        ++passes;
+        passes++;
     }
     return passes;
 }
@@ -153,7 +153,7 @@ picture exposedview() {
 
 std::string boxtext() {
     const Fl_Window* box = Fl::modal();
-    for (int i = 0; i < box->children(); ++i) {
+    for (int i = 0; i < box->children(); i++) {
         const char* label = box->child(i)->label();
         if (dynamic_cast<const Fl_Box*>(box->child(i)) != nullptr && label != nullptr &&
             box->child(i)->w() > 50) {

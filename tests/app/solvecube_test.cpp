@@ -110,7 +110,7 @@ TEST_F(Solvecube, ATurnInProgressIsLandedAndWhatWaitsIsDropped) {
     parsing = 1;
     parsestring("RUF", 3);
     parsing = 0;
-    for (int i = 0; i < 5; ++i) {
+    for (int i = 0; i < 5; i++) {
         pass();
     }
     ASSERT_EQ(turnmode, 6);

@@ -31,7 +31,7 @@ TEST(Solvecube, EachInterruptedSolveBuildsOneStepOfTheTablesAndTheNextGoesOn) {
     parsestring("RUFBLDrufbld", 12);
     inp->value("FF");
     holdchord(true);
-    for (int step = 1; step <= 6; ++step) {
+    for (int step = 1; step <= 6; step++) {
         solvecube();
         EXPECT_STREQ(inp->value(), "FF");
         ASSERT_NE(messagewindow, nullptr);
@@ -41,7 +41,7 @@ TEST(Solvecube, EachInterruptedSolveBuildsOneStepOfTheTablesAndTheNextGoesOn) {
     holdchord(false);
     int left = 1; // counts the one that says it is done
     while (initializesolve() == 0) {
-        ++left;
+        left++;
     }
     EXPECT_EQ(left, tablesteps - 6);
     withdialog(solvecube, [] { screen().press(XK_Return); });

@@ -57,7 +57,7 @@ class Faults : public testing::Test {
         int calls = 0;
         for (const auto& row : fault_table) {
             bool reached = true;
-            for (int n = 0; reached; ++n) {
+            for (int n = 0; reached; n++) {
                 fresh(prepare);
                 std::string name;
                 int at = 0;
@@ -119,7 +119,7 @@ TEST_F(Faults, AFileThatIsWrittenItselfIsOldOrNewUnlessItIsKilled) {
     int calls = 0;
     for (const int error : {ENOSPC, EIO, EACCES, EINTR}) {
         bool reached = true;
-        for (calls = 0; reached; ++calls) {
+        for (calls = 0; reached; calls++) {
             fresh([&] { writefile(path, oldtext); });
             fs::create_hard_link(path, home.file("d/second"));
             int at = 0;

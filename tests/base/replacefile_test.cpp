@@ -113,7 +113,7 @@ TEST_F(Replacefile, AReaderOfAPipeGetsAllOfIt) {
     }
     std::string seen;
     char part[5000];
-    for (int tries = 0; seen.size() < large.size() && tries < 5000; ++tries) {
+    for (int tries = 0; seen.size() < large.size() && tries < 5000; tries++) {
         const ssize_t size = read(reader, part, sizeof part);
         if (size > 0) {
             seen.append(part, static_cast<std::size_t>(size));

@@ -180,7 +180,7 @@ TEST_F(Safestore, InAClosedFolderTheStoreItselfIsWrittenAndLocked) {
 // In which others can see that the lock is free.
 TEST_F(Safestore, AChangeEndsWithAPause) {
     double shortest = 1;
-    for (int i = 0; i < 20; ++i) {
+    for (int i = 0; i < 20; i++) {
         shortest = std::min(shortest, timeof([&] { EXPECT_EQ("", add(store, "")); }));
     }
     EXPECT_GE(shortest, 0.005);
@@ -189,16 +189,16 @@ TEST_F(Safestore, AChangeEndsWithAPause) {
 TEST_F(Safestore, NothingOfManyWritersIsLost) {
     constexpr int writers = 6;
     constexpr int changes = 20;
-    for (int writer = 0; writer < writers; ++writer) {
+    for (int writer = 0; writer < writers; writer++) {
         if (fork() == 0) {
             int failures = 0;
-            for (int i = 0; i < changes; ++i) {
+            for (int i = 0; i < changes; i++) {
                 failures += add(store, "x").empty() ? 0 : 1;
             }
             _exit(failures);
         }
     }
-    for (int writer = 0; writer < writers; ++writer) {
+    for (int writer = 0; writer < writers; writer++) {
         int status = -1;
         wait(&status);
         EXPECT_EQ(0, status);
@@ -210,7 +210,7 @@ TEST_F(Safestore, NothingOfManyWritersIsLost) {
 TEST_F(Safestore, AKillAtAnyMomentLeavesAWholeStore) {
     const std::string block(5000, 'x');
     std::size_t reached = 0;
-    for (int round = 0; round < 40; ++round) {
+    for (int round = 0; round < 40; round++) {
         const pid_t child = fork();
         if (child == 0) {
             for (;;) {

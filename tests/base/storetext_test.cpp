@@ -67,12 +67,12 @@ class Storetext : public testing::Test {
 
 // Appends all that the toolkit finds below a group.
 void collect(Fl_Preferences& group, const std::string& name, groups& all) {
-    for (int i = 0; i < group.entries(); ++i) {
+    for (int i = 0; i < group.entries(); i++) {
         char value[5000];
         group.get(group.entry(i), value, "", sizeof value);
         all[name][group.entry(i)] = value;
     }
-    for (int i = 0; i < group.groups(); ++i) {
+    for (int i = 0; i < group.groups(); i++) {
         Fl_Preferences child(group, group.group(i));
         collect(child, name + "/" + group.group(i), all);
     }
@@ -180,13 +180,13 @@ TEST_F(Storetext, WhatPassesDoesNotHarmTheToolkit) {
                                       "[./a/b]"};
     std::mt19937 random(7);
     int sound = 0;
-    for (int round = 0; round < 400; ++round) {
+    for (int round = 0; round < 400; round++) {
         std::string lines;
         for (unsigned n = random() % 12; n > 0; --n) {
             lines += pieces[random() % std::size(pieces)];
         }
         if (check(lines) != 0) {
-            ++sound;
+            sound++;
             ASSERT_TRUE(toolkitagrees(header + lines)) << lines;
         }
     }

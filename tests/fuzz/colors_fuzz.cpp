@@ -21,7 +21,7 @@ std::array<int, cubefacecount> counts() {
     std::array<int, cubefacecount> found = {};
     for (unsigned char color : cubecolors) {
         must(color < cubefacecount, "a colour is one of six");
-        ++found[color];
+        found[color]++;
     }
     return found;
 }
@@ -41,7 +41,7 @@ void flip(int place) {
     const auto kinds = counts();
     const bool centre = place % 9 == 4;
     const int order = centre ? 1 : place % 9 % 2 == 1 ? 2 : 3;
-    for (int i = 0; i < order; ++i) {
+    for (int i = 0; i < order; i++) {
         must(collector::flip(place) == !centre, "all but a centre can be flipped");
         must(counts() == kinds, "a flip only moves colours");
     }
@@ -99,7 +99,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     collector::currentface = 0;
     std::memcpy(colortable, "WGRBOY", cubefacecount);
     const std::size_t first = std::min<std::size_t>(size, cubefacecount);
-    for (std::size_t i = 0; i < first; ++i) {
+    for (std::size_t i = 0; i < first; i++) {
         colortable[i] = validcolors[data[i] % validcolorcount];
     }
     collector::setrgbfacecolors();

@@ -23,7 +23,7 @@ struct macro {
 
 std::vector<macro> table() {
     std::vector<macro> all;
-    for (int i = 0; i < maccount; ++i) {
+    for (int i = 0; i < maccount; i++) {
         all.push_back({macnames[i], macstrs[i], showmac[i]});
     }
     return all;

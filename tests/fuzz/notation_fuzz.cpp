@@ -29,7 +29,7 @@ bool isdigit(char c) {
 
 bool slowcheck(const std::string& text) {
     int open = 0;
-    for (std::size_t i = 0; i < text.size(); ++i) {
+    for (std::size_t i = 0; i < text.size(); i++) {
         const char c = text[i];
         const char last = i == 0 ? ' ' : text[i - 1];
         // What was taken by a "*" is no longer there for a "(".
@@ -41,7 +41,7 @@ bool slowcheck(const std::string& text) {
             if (!isdigit(last) && last != 's') {
                 return false;
             }
-            ++open;
+            open++;
         } else if (c == ')') {
             if (--open < 0) {
                 return false;
@@ -88,7 +88,7 @@ long long slowlength(const std::string& text, std::size_t& i, bool inside) {
 // What becomes of a line in the other notation; without a "]" it stays.
 std::string slowconverted(const std::string& line) {
     std::string macro;
-    for (std::size_t i = 0; i < line.size(); ++i) {
+    for (std::size_t i = 0; i < line.size(); i++) {
         const char next = i + 1 < line.size() ? line[i + 1] : ' ';
         if (line[i] == ']') {
             return macro;

@@ -25,11 +25,11 @@ colouring colors() {
 std::multiset<int> cyclelengths() {
     std::multiset<int> lengths;
     bool done[placecount] = {};
-    for (int start = 0; start < placecount; ++start) {
+    for (int start = 0; start < placecount; start++) {
         int length = 0;
         for (int p = start; !done[p]; p = cubefaces[p]) {
             done[p] = true;
-            ++length;
+            length++;
         }
         if (length > 1) {
             lengths.insert(length);
@@ -48,7 +48,7 @@ std::multiset<int> toldlengths(const std::string& report) {
             inside = true;
             names = 1;
         } else if (c == ' ' && inside) {
-            ++names;
+            names++;
         } else if (c == ')') {
             inside = false;
             lengths.insert(names);
@@ -59,7 +59,7 @@ std::multiset<int> toldlengths(const std::string& report) {
 
 bool onecolourtwice() {
     std::set<int> centres;
-    for (int face = 0; face < cubefacecount; ++face) {
+    for (int face = 0; face < cubefacecount; face++) {
         centres.insert(cubecolors[9 * face + 4]);
     }
     return centres.size() < cubefacecount;
@@ -67,13 +67,13 @@ bool onecolourtwice() {
 
 // A cube that can be made by turns, from the bytes as turns.
 void makelegal(const std::uint8_t* data, std::size_t size) {
-    for (std::size_t i = 0; i < size; ++i) {
+    for (std::size_t i = 0; i < size; i++) {
         applyturn(data[i] % turncount);
     }
 }
 
 void makeany(const std::uint8_t* data, std::size_t size) {
-    for (std::size_t i = 0; i < placecount; ++i) {
+    for (std::size_t i = 0; i < placecount; i++) {
         cubecolors[i] = i < size ? data[i] % cubefacecount : 0;
     }
 }

@@ -21,11 +21,11 @@ void runfile(const std::filesystem::path& path) {
 
 int main(int argc, char** argv) {
     int files = 0;
-    for (int i = 1; i < argc; ++i) {
+    for (int i = 1; i < argc; i++) {
         for (const auto& entry : std::filesystem::recursive_directory_iterator(argv[i])) {
             if (entry.is_regular_file()) {
                 runfile(entry.path());
-                ++files;
+                files++;
             }
         }
     }

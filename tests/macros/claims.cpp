@@ -22,7 +22,7 @@ std::multiset<char> upper(const std::string& name) {
 
 // The place of the sticker at position i of a cubie's name.
 int placeof(const std::string& cubie, std::size_t i) {
-    for (int place = 0; place < placecount; ++place) {
+    for (int place = 0; place < placecount; place++) {
         if (facenames[place][0] == cubie[i] && upper(facenames[place]) == upper(cubie)) {
             return place;
         }
@@ -31,7 +31,7 @@ int placeof(const std::string& cubie, std::size_t i) {
 }
 
 void bring(cubeplaces& places, const std::string& from, const std::string& to) {
-    for (std::size_t i = 0; i < from.size(); ++i) {
+    for (std::size_t i = 0; i < from.size(); i++) {
         places[placeof(to, i)] = placeof(from, i);
     }
 }
@@ -39,7 +39,7 @@ void bring(cubeplaces& places, const std::string& from, const std::string& to) {
 // The cubies named in a text: its runs of two or three face letters.
 std::vector<std::string> cubiesin(const std::string& text) {
     std::vector<std::string> cubies;
-    for (std::size_t i = 0; i < text.size(); ++i) {
+    for (std::size_t i = 0; i < text.size(); i++) {
         const std::size_t end = std::min(text.find_first_not_of(faces, i), text.size());
         if (end - i >= 2) {
             cubies.push_back(text.substr(i, end - i));
@@ -58,7 +58,7 @@ void promise(cubeplaces& places, const std::string& text) {
     if (cubies.size() == 1) {
         cubies.emplace_back(cubies[0].rbegin(), cubies[0].rend());
     }
-    for (std::size_t i = 1; i < cubies.size(); ++i) {
+    for (std::size_t i = 1; i < cubies.size(); i++) {
         bring(places, cubies[i - 1], cubies[i]);
     }
     if (upper(cubies.front()) != upper(cubies.back())) {
@@ -70,7 +70,7 @@ void promise(cubeplaces& places, const std::string& text) {
 
 cubeplaces claimed(const std::string& name) {
     cubeplaces places{};
-    for (int i = 0; i < placecount; ++i) {
+    for (int i = 0; i < placecount; i++) {
         places[i] = i;
     }
     std::istringstream parts(name);
@@ -91,10 +91,10 @@ cubeplaces madeby(const std::string& moves) {
 
 cubeplaces cubiesof(const cubeplaces& places) {
     cubeplaces cubies{};
-    for (int i = 0; i < placecount; ++i) {
+    for (int i = 0; i < placecount; i++) {
         int first = 0;
         while (upper(facenames[first]) != upper(facenames[places[i]])) {
-            ++first;
+            first++;
         }
         cubies[i] = first;
     }
@@ -103,7 +103,7 @@ cubeplaces cubiesof(const cubeplaces& places) {
 
 std::string net(const cubeplaces& places) {
     std::string text;
-    for (int i = 0; i < placecount; ++i) {
+    for (int i = 0; i < placecount; i++) {
         text += i % faceplaces == 0 && i > 0 ? " " : "";
         text += faces[places[i] / faceplaces];
     }

@@ -23,7 +23,7 @@ class Examples : public testing::Test {
     static void load(const std::string& name) {
         ASSERT_EQ(1, loadmacrofile((VEXEL_EXAMPLES "/" + name).c_str()));
         ASSERT_GT(maccount, 0);
-        for (int i = 0; i < maccount; ++i) {
+        for (int i = 0; i < maccount; i++) {
             SCOPED_TRACE(macnames[i]);
             const int length = static_cast<int>(macstrs[i].size());
             EXPECT_EQ(1, sanitycheckmacro(macstrs[i].c_str(), length));
@@ -49,14 +49,14 @@ constexpr struct {
 
 TEST_F(Examples, CornersDoWhatTheirNamesClaim) {
     load("corners.macros");
-    for (int i = 0; i < maccount; ++i) {
+    for (int i = 0; i < maccount; i++) {
         EXPECT_EQ(claimed(macnames[i]), madeby(macstrs[i])) << macnames[i];
     }
 }
 
 TEST_F(Examples, EdgesDoWhatTheirNamesClaim) {
     load("edges.macros");
-    for (int i = 0; i < maccount; ++i) {
+    for (int i = 0; i < maccount; i++) {
         EXPECT_EQ(claimed(macnames[i]), madeby(macstrs[i])) << macnames[i];
     }
 }
@@ -64,7 +64,7 @@ TEST_F(Examples, EdgesDoWhatTheirNamesClaim) {
 TEST_F(Examples, PatternsLookAsTheyAreNamed) {
     load("patterns.macros");
     ASSERT_EQ(std::ssize(patterns), maccount);
-    for (int i = 0; i < maccount; ++i) {
+    for (int i = 0; i < maccount; i++) {
         EXPECT_EQ(patterns[i].name, macnames[i]);
         EXPECT_EQ(patterns[i].net, net(madeby(macstrs[i]))) << macnames[i];
     }

@@ -24,7 +24,7 @@ class Library : public testing::Test {
     }
 
     static void fill(int count) {
-        for (int i = 0; i < count; ++i) {
+        for (int i = 0; i < count; i++) {
             addmacro(("macro " + std::to_string(i)).c_str(), "RU");
         }
         shell.requests.clear();
@@ -56,7 +56,7 @@ constexpr const char* oddnames[] = {
 TEST_F(Library, StartsWithSevenMacrosThatDoWhatTheirNamesSay) {
     addbuiltinmacros();
     ASSERT_EQ(7, maccount);
-    for (int i = 0; i < 7; ++i) {
+    for (int i = 0; i < 7; i++) {
         SCOPED_TRACE(builtins[i].name);
         EXPECT_EQ(builtins[i].name, macnames[i]);
         EXPECT_EQ(builtins[i].moves, macstrs[i]);

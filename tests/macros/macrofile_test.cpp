@@ -36,7 +36,7 @@ class Macrofile : public testing::Test {
     // The table as "name|string", with "$" for a mark.
     static texts table() {
         texts rows;
-        for (int i = 0; i < maccount; ++i) {
+        for (int i = 0; i < maccount; i++) {
             rows.push_back(macnames[i] + "|" + (showmac[i] != 0 ? "$" : "") + macstrs[i]);
         }
         return rows;
@@ -176,7 +176,7 @@ TEST_F(Macrofile, NamesInTheTableAreAddedAgain) {
 
 TEST_F(Macrofile, ReadingEndsWhereTheTableIsFull) {
     std::string content;
-    for (int i = 0; i < 600; ++i) {
+    for (int i = 0; i < 600; i++) {
         content += "macro " + std::to_string(i) + "\nRU\n";
     }
     load(content);
@@ -195,7 +195,7 @@ TEST_F(Macrofile, AnEndlessFileIsReadUntilTheTableIsFull) {
 
 TEST_F(Macrofile, AnyBytesLoadOrAreRefused) {
     std::mt19937 random(5);
-    for (int round = 0; round < 200; ++round) {
+    for (int round = 0; round < 200; round++) {
         initlibrary();
         std::string content(random() % 4000, ' ');
         for (char& c : content) {
@@ -203,7 +203,7 @@ TEST_F(Macrofile, AnyBytesLoadOrAreRefused) {
         }
         load(content);
         ASSERT_LE(maccount, maxmacros);
-        for (int i = 0; i < maccount; ++i) {
+        for (int i = 0; i < maccount; i++) {
             ASSERT_LT(macnames[i].size(), 99U);
             ASSERT_LT(macstrs[i].size(), 99U);
         }
@@ -336,7 +336,7 @@ TEST_F(Macrofile, EachWayOfNotComingBackIsSeen) {
 }
 
 TEST_F(Macrofile, ManyAndLongNamesMakeNoLongMessage) {
-    for (int i = 0; i < 30; ++i) {
+    for (int i = 0; i < 30; i++) {
         addmacro((std::to_string(i) + std::string(200, 'n')).c_str(), "R");
     }
     shell.answers = {path};

@@ -167,7 +167,7 @@ TEST_F(Preferences, DeletingAMacroDeletesAllThatIsStoredOfIt) {
 }
 
 TEST_F(Preferences, MacrosBeyondTwoHundredLoseNoneOfTheFirst) {
-    for (int i = 0; i < 203; ++i) {
+    for (int i = 0; i < 203; i++) {
         addprefmacro(("m" + std::to_string(i)).c_str(), "R");
     }
     EXPECT_TRUE(holds("mac202:m202"));
@@ -191,7 +191,7 @@ TEST_F(Preferences, NamesAndTextsOfAnyKindAreFoundAsGiven) {
     }
     readagain();
     ASSERT_EQ(std::ssize(all), maccount);
-    for (int i = 0; i < maccount; ++i) {
+    for (int i = 0; i < maccount; i++) {
         EXPECT_EQ(all[i], macnames[i]);
         EXPECT_EQ(all[i], macstrs[i]);
     }

@@ -53,7 +53,7 @@ class preferencestest : public testing::Test {
     // The table as "name|string", with "$" for a mark.
     static texts table() {
         texts rows;
-        for (int i = 0; i < maccount; ++i) {
+        for (int i = 0; i < maccount; i++) {
             rows.push_back(macnames[i] + "|" + (showmac[i] != 0 ? "$" : "") + macstrs[i]);
         }
         return rows;

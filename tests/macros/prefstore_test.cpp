@@ -50,7 +50,7 @@ TEST_F(Prefstore, WhateverIsSoundCanBeChangedAndKeepsAllElse) {
                                       "\xff"};
     std::mt19937 random(11);
     int sound = 0;
-    for (int round = 0; round < 300; ++round) {
+    for (int round = 0; round < 300; round++) {
         std::string text = ";\n;\n;\n";
         for (unsigned n = random() % 30; n > 0; --n) {
             const std::size_t length = random() % 20 == 0 ? random() % 1200 : 0;
@@ -59,7 +59,7 @@ TEST_F(Prefstore, WhateverIsSoundCanBeChangedAndKeepsAllElse) {
         if (!storefault(text).empty()) {
             continue;
         }
-        ++sound;
+        sound++;
         writefile(store, text);
         reset();
         auto wanted = readgroups(text);
@@ -169,7 +169,7 @@ TEST_F(Prefstore, AStoreBehindALinkStaysThere) {
 
 TEST_F(Prefstore, AStoreOfTenThousandKeysIsReadAndChanged) {
     std::string lines;
-    for (int i = 0; i < 5000; ++i) {
+    for (int i = 0; i < 5000; i++) {
         const std::string n = std::to_string(i);
         lines += "mac" + n + ":m" + n + "\nval" + n + ":R\n";
     }
@@ -250,15 +250,15 @@ TEST_F(Prefstore, ALockedStoreIsTold) {
 TEST_F(Prefstore, MacrosDefinedBySeveralProgramsAreAllKept) {
     constexpr int programs = 4;
     constexpr int each = 12;
-    for (int program = 0; program < programs; ++program) {
+    for (int program = 0; program < programs; program++) {
         if (fork() == 0) {
-            for (int i = 0; i < each; ++i) {
+            for (int i = 0; i < each; i++) {
                 addprefmacro((std::to_string(program) + "." + std::to_string(i)).c_str(), "RU");
             }
             _exit(static_cast<int>(shell.messages.size()));
         }
     }
-    for (int program = 0; program < programs; ++program) {
+    for (int program = 0; program < programs; program++) {
         int status = -1;
         wait(&status);
         EXPECT_EQ(0, status) << "told a failure";
@@ -271,9 +271,9 @@ TEST_F(Prefstore, MacrosDefinedBySeveralProgramsAreAllKept) {
 TEST_F(Prefstore, ManyStartsDuringAChangeLoseNothing) {
     addprefmacro("one", "R");
     const std::string before = content();
-    for (int program = 0; program < 8; ++program) {
+    for (int program = 0; program < 8; program++) {
         if (fork() == 0) {
-            for (int i = 0; i < 40; ++i) {
+            for (int i = 0; i < 40; i++) {
                 readagain();
                 if (findmacro("one") != 0) {
                     _exit(1);
@@ -282,10 +282,10 @@ TEST_F(Prefstore, ManyStartsDuringAChangeLoseNothing) {
             _exit(0);
         }
     }
-    for (int i = 0; i < 10; ++i) {
+    for (int i = 0; i < 10; i++) {
         addprefmacro(std::to_string(i).c_str(), "R");
     }
-    for (int program = 0; program < 8; ++program) {
+    for (int program = 0; program < 8; program++) {
         int status = -1;
         wait(&status);
         EXPECT_EQ(0, status);
@@ -305,7 +305,7 @@ TEST_F(Prefstore, EachFailureOfAChangeIsToldAndLosesNothing) {
     const std::string after = content();
     for (const int error : {ENOSPC, EIO, EACCES, EINTR, killed}) {
         bool reached = true;
-        for (int n = 0; reached; ++n) {
+        for (int n = 0; reached; n++) {
             writefile(store, before);
             std::string name;
             int at = 0;

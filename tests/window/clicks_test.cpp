@@ -61,7 +61,7 @@ TEST_F(Clicks, RegionsTurnUnderEveryCombinationOfModifiers) {
     vexel.playmacro("RUfLdB");
     ASSERT_TRUE(showsmodel());
     for (const auto& [name, fx, fy, codes] : regions) {
-        for (int combination = 0; combination < 8; ++combination) {
+        for (int combination = 0; combination < 8; combination++) {
             const int keys = (combination & 1) * alt_key + (combination >> 1 & 1) * ctrl_key;
             const int shift = (combination >> 2 & 1) * shift_key;
             SCOPED_TRACE(std::string(name) + " " + std::to_string(combination));

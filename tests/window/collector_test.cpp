@@ -136,7 +136,7 @@ TEST_F(Collector, ShowsTheCubeAsItStands) {
     vexel.playmacro("RUfLdB");
     ASSERT_TRUE(showsmodel());
     open();
-    for (int place = 0; place < placecount; ++place) {
+    for (int place = 0; place < placecount; place++) {
         const rgb expected = lettercolor("WGRBOY"[cubecolors[place]]);
         EXPECT_TRUE(near(expected, facelet(place))) << place;
     }
@@ -148,7 +148,7 @@ TEST_F(Collector, EachKindOfIllegalCubeHasItsMessage) {
     std::vector<picture> seen = {message()};
     const auto isnew = [this, &seen] {
         seen.push_back(message());
-        for (std::size_t i = 0; i + 1 < seen.size(); ++i) {
+        for (std::size_t i = 0; i + 1 < seen.size(); i++) {
             EXPECT_FALSE(seen[i] == seen.back()) << i << " and " << seen.size() - 1;
         }
         clickreset();
@@ -209,7 +209,7 @@ TEST_F(Collector, FinishRefusesTwoCentresOfOneColourAndKeepsWhatWasEntered) {
 // On a fresh dialog the message area is empty, and stays so.
 TEST_F(Collector, FlipOnACentreChangesNothing) {
     open();
-    for (int face = 0; face < cubefacecount; ++face) {
+    for (int face = 0; face < cubefacecount; face++) {
         clickfacelet(9 * face + 4);
         const picture before = look();
         clickflip();
@@ -228,7 +228,7 @@ TEST_F(Collector, ARefusedCubeIsShownRecoloured) {
     isrefused();
     initcubies();
     collector::flip(7);
-    for (int place = 0; place < placecount; ++place) {
+    for (int place = 0; place < placecount; place++) {
         const rgb expected = lettercolor("WGRBOY"[cubecolors[place]]);
         EXPECT_TRUE(near(expected, facelet(place))) << place;
     }
@@ -300,7 +300,7 @@ TEST_F(Collector, FlipOnEveryPieceThreeTimesOrTwiceRestoresIt) {
     open();
     typecube();
     const picture valid = message();
-    for (int place = 0; place < placecount; ++place) {
+    for (int place = 0; place < placecount; place++) {
         SCOPED_TRACE(place);
         clickfacelet(place);
         const picture before = look();
@@ -354,7 +354,7 @@ TEST_F(Collector, TurnsGoOnBehindIt) {
     settle();
     const picture opened = glance();
     applyturn(0);
-    for (int place = 0; place < placecount; ++place) {
+    for (int place = 0; place < placecount; place++) {
         const rgb expected = lettercolor("WGRBOY"[place / 9]); // as before the turn
         EXPECT_TRUE(near(expected, facelet(place))) << place;
     }
@@ -367,12 +367,12 @@ TEST_F(Collector, LabelsAreWhiteOnBlueAndBlackOnly) {
     vexel.answer("KBWSXY");
     vexel.setcolors("KBWSXY");
     open();
-    for (int face = 0; face < cubefacecount; ++face) {
+    for (int face = 0; face < cubefacecount; face++) {
         const collector::area at = collector::colorarea(face);
         const picture label = look({at.x + 6, at.y + 6, 23, 23});
         const rgb background = label.commonest();
         int most = 0; // how far a pixel is from the background, brighter or darker
-        for (int i = 0; i < 23 * 23; ++i) {
+        for (int i = 0; i < 23 * 23; i++) {
             const rgb is = label.at(i % 23, i / 23);
             const int brighter =
                 is.red + is.green + is.blue - background.red - background.green - background.blue;

@@ -95,7 +95,7 @@ TEST_F(Commands, TheScramblesOfARunAreAlwaysTheSame) {
 
 TEST_F(Commands, ResetSolvesTheCube) {
     vexel.setspeed(1);
-    for (int way = 0; way < 3; ++way) {
+    for (int way = 0; way < 3; way++) {
         SCOPED_TRACE(way);
         vexel.pushbutton("Jumble Cube");
         jumblecube();

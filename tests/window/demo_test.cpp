@@ -73,7 +73,7 @@ class Demo : public windowtest {
             parsestring(macro.c_str(), static_cast<int>(macro.size()));
             parsing = 0;
             states.insert(colors());
-            for (int i = 0; i < turnptr; ++i) {
+            for (int i = 0; i < turnptr; i++) {
                 applyturn(turns[i]);
                 states.insert(colors());
             }
@@ -87,11 +87,11 @@ class Demo : public windowtest {
     std::string seen() const {
         const picture view = vexel.view_picture();
         std::string all;
-        for (int place = 0; place < placecount; ++place) {
+        for (int place = 0; place < placecount; place++) {
             const viewpoint point = lookat(place, view.w());
             const rgb is = view.at(static_cast<int>(point.x), static_cast<int>(point.y));
             char color = '?';
-            for (int k = 0; k < cubefacecount; ++k) {
+            for (int k = 0; k < cubefacecount; k++) {
                 color = near(is, lettercolor("WGRBOY"[k])) ? static_cast<char>(k) : color;
             }
             all += color;
@@ -157,7 +157,7 @@ TEST_F(Demo, StartsAndStopsAtAnyMomentOfATurn) {
     start(macro);
     toggle();
     hasended(states);
-    for (int i = 0; i < 50; ++i) {
+    for (int i = 0; i < 50; i++) {
         SCOPED_TRACE(i);
         toggle();
         waitfor(0.011 * i, [] { return false; });
@@ -189,7 +189,7 @@ TEST_F(Demo, AMacroWithoutATurnCanBeStopped) {
 
 TEST_F(Demo, ALongMacroIsCutAtATurn) {
     std::string macro;
-    for (int i = 0; i < 99; ++i) {
+    for (int i = 0; i < 99; i++) {
         macro += "*R";
     }
     const std::set<std::string> states = statesof(macro);
@@ -227,9 +227,9 @@ TEST_F(Demo, AfterATurnByHandItPlaysOn) {
     vexel.pushbutton("Ucw");
     std::set<std::string> states;
     initcubies();
-    for (int before = 0; before < 4; ++before) {
+    for (int before = 0; before < 4; before++) {
         applyturn(0);
-        for (int after = 0; after < 4; ++after) {
+        for (int after = 0; after < 4; after++) {
             applyturn(6);
             states.insert(colors());
         }
@@ -338,7 +338,7 @@ TEST_F(Demo, BehindABoxItWaitsAndTheProgramSleeps) {
 TEST_F(Demo, BehindAMenuItWaitsAndTheProgramSleeps) {
     vexel.setspeed(60);
     start("RUf*L");
-    for (int i = 0; i < 5; ++i) {
+    for (int i = 0; i < 5; i++) {
         const windowid menu = vexel.openmenu("Undo");
         EXPECT_TRUE(waitfor(10, [this] { return vexel.child().isquiet(0.5); }));
         screen.button(1, false);

@@ -92,7 +92,7 @@ TEST_F(Files, AStartCommandsThatReadAndAQuitWriteNothing) {
     EXPECT_EQ(before, fs::last_write_time(store));
     std::ifstream log(file("calls.log"));
     int lines = 0;
-    for (std::string line; std::getline(log, line); ++lines) {
+    for (std::string line; std::getline(log, line); lines++) {
         const bool ours = line.find(home.path()) != std::string::npos;
         const bool cache = line.find(file(".cache")) != std::string::npos; // of the system's parts
         EXPECT_FALSE(ours && !cache) << line;
@@ -112,7 +112,7 @@ TEST_F(Files, MacrosDefinedInTwoProgramsAreBothKept) {
 
 TEST_F(Files, TooManyMacrosOnTheCommandLineAreToldOnceTheWindowStands) {
     std::string macros;
-    for (int i = 0; i < 600; ++i) {
+    for (int i = 0; i < 600; i++) {
         macros += "macro " + std::to_string(i) + "\nRU\n";
     }
     writefile(file("m.macros"), macros);

@@ -44,7 +44,7 @@ class Keyboard : public windowtest {
         }
         const rgb background = vexel.part(menubarplace).commonest();
         int marked = -1;
-        for (int row = 0; row < rows; ++row) {
+        for (int row = 0; row < rows; row++) {
             const int y = m.y + m.h * (2 * row + 1) / (2 * rows);
             if (screen.screenshot({m.x + 4, y - 4, m.w - 8, 8}).commonest() != background) {
                 marked = row;
@@ -59,7 +59,7 @@ class Keyboard : public windowtest {
         screen.press(XK_F10);
         windowid menu = openmenu();
         ASSERT_NE(menu, 0UL) << vexel.keeppicture("no-menu");
-        for (int i = 0; i < where.menu; ++i) {
+        for (int i = 0; i < where.menu; i++) {
             const windowid before = menu;
             screen.press(XK_Right);
             ASSERT_TRUE(waitfor(10, [&] {
@@ -67,7 +67,7 @@ class Keyboard : public windowtest {
                 return menu != 0 && menu != before;
             }));
         }
-        for (int i = 0; i <= where.row; ++i) {
+        for (int i = 0; i <= where.row; i++) {
             if (markedrow(menu, where.rows) == where.row) {
                 break;
             }
@@ -201,7 +201,7 @@ TEST_F(Keyboard, AClickIntoTheViewTakesItThere) {
 TEST_F(Keyboard, AltLetterGoesByTheKeyInAnyAlphabet) {
     constexpr char letters[] = "udlrfb";
     unsigned char keys[6] = {};
-    for (int i = 0; i < 6; ++i) {
+    for (int i = 0; i < 6; i++) {
         keys[i] = screen.place(letters[i]);
     }
     for (const char* layout : {"ru", "gr", "il", "ara", "us,ru"}) {
@@ -209,7 +209,7 @@ TEST_F(Keyboard, AltLetterGoesByTheKeyInAnyAlphabet) {
         screen.lockgroup(std::string(layout) == "us,ru" ? 1 : 0);
         for (const bool inline_ : {false, true}) {
             inline_ ? vexel.click(macroplace.x + 20, macroplace.y + 9) : vexel.clickview(0.05, 0.5);
-            for (int i = 0; i < 6; ++i) {
+            for (int i = 0; i < 6; i++) {
                 SCOPED_TRACE(std::string(layout) + " " + letters[i] +
                              (inline_ ? " line" : " view"));
                 screen.presskey(keys[i], alt_key);

@@ -83,7 +83,7 @@ const button_place& findbutton(const std::string& label) {
 }
 
 menu_place findmenu(const std::string& entry) {
-    for (std::size_t menu = 0; menu < menus.size(); ++menu) {
+    for (std::size_t menu = 0; menu < menus.size(); menu++) {
         const std::string whole = "|" + std::string(menus[menu]);
         const std::size_t at = whole.find("|" + entry + "|");
         if (at != std::string::npos) {

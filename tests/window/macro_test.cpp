@@ -27,7 +27,7 @@ class Macro : public windowtest {
 
     // How many turns of macro, one letter each, the screen shows to have landed; -1 for none such.
     int landed(const std::string& macro) const {
-        for (int count = 0; count <= static_cast<int>(macro.size()); ++count) {
+        for (int count = 0; count <= static_cast<int>(macro.size()); count++) {
             initcubies();
             domacro(macro.substr(0, count));
             if (vexel.shows(cubecolors)) {
@@ -247,7 +247,7 @@ TEST_F(Macro, OneThatComesWhileAnotherPlaysIsPlayedWhole) {
     vexel.playmacro("LBD");
     ASSERT_TRUE(vexel.waitquiet(60));
     bool whole = false;
-    for (int count = 1; count <= 6 && !whole; ++count) {
+    for (int count = 1; count <= 6 && !whole; count++) {
         initcubies();
         domacro(std::string("RUFRUF").substr(0, count) + "LBD");
         whole = static_cast<bool>(vexel.shows(cubecolors));

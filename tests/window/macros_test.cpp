@@ -113,8 +113,8 @@ class Macros : public testing::Test {
     std::vector<std::pair<int, int>> ink(rectangle frame, int width) const {
         const picture seen = vexel->part({frame.x + 3, frame.y + 2, frame.w - 30, frame.h - 4});
         std::vector<std::pair<int, int>> dark;
-        for (int x = 0; x < seen.w(); ++x) {
-            for (int y = 0; y < seen.h(); ++y) {
+        for (int x = 0; x < seen.w(); x++) {
+            for (int y = 0; y < seen.h(); y++) {
                 if (seen.at(x, y).green < 128) {
                     dark.emplace_back(x, y);
                 }
@@ -317,7 +317,7 @@ TEST_F(Macros, NamesAreShownLetterForLetter) {
 TEST_F(Macros, AStoreEditedByHandIsReadAsFarAsItGoes) {
     std::string lines = ";\n;\n;\n[./Vexelprefs]\nspeed:fast\ngizmo9:1\nmac3\nmac7:seven\nval7:U\n"
                         "gizmo7:yes\n";
-    for (int i = 300; i < 5000; ++i) {
+    for (int i = 300; i < 5000; i++) {
         lines += "mac" + std::to_string(i) + ":x\nval" + std::to_string(i) + ":R\n";
     }
     write(home.path() + storename, lines);

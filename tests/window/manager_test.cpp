@@ -117,7 +117,7 @@ TEST_F(Manager, ADemoGoesOnAndRestsOutOfSight) {
 TEST_F(Manager, ThatEndsAndStartsAgainTakesNothingAlong) {
     vexel.setspeed(1);
     expectwell("Rcw", 6);
-    for (int i = 0; i < 2; ++i) {
+    for (int i = 0; i < 2; i++) {
         screen.endmanager();
         expectwell("Ucw", 0);
         screen.startmanager();

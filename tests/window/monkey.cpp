@@ -279,7 +279,7 @@ void interrupt(session& s) {
 // Leaves all boxes, stops what goes on. The gentlest means come first, so that it is not the cube
 // of a reset that is looked at.
 bool calm(session& s) {
-    for (int round = 0; round < 60 && goeson(s); ++round) {
+    for (int round = 0; round < 60 && goeson(s); round++) {
         if (!inordinary(s)) {
             bringback(s);
         }
@@ -341,14 +341,14 @@ void look(session& s) {
 }
 
 void run(session& s, dice& chance, int count) {
-    for (int i = 1; i <= count; ++i) {
+    for (int i = 1; i <= count; i++) {
         const bool hidden = !s.screen.visible(s.vexel->view());
         s.perform(anydeed(chance, s.vexel->dialog() != 0, hidden));
         if (i % checkevery == 0 || i == count) {
             look(s);
         }
         if (!goeson(s)) {
-            ++s.ends;
+            s.ends++;
             s.start();
         }
     }
@@ -370,7 +370,7 @@ void report(const session& s, const std::string& why) {
     std::cerr << "monkey: " << why << "\nThe last events, all of which are in " << path << ":\n";
     std::ofstream file(path);
     const std::size_t shown = std::min<std::size_t>(s.done.size(), lastdeeds);
-    for (std::size_t i = 0; i < s.done.size(); ++i) {
+    for (std::size_t i = 0; i < s.done.size(); i++) {
         file << s.done[i] << "\n";
         if (i >= s.done.size() - shown) {
             std::cerr << "    " << s.done[i] << "\n";

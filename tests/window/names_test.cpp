@@ -45,7 +45,7 @@ class Managednames : public Names {
 std::string anyname(int size) {
     const std::string letters = "~$/@&%.{*abcdefghijklmnopqrstuvwxyzHOME0123456789 _-\\\"'";
     std::string name;
-    for (int i = 0; i < size; ++i) {
+    for (int i = 0; i < size; i++) {
         name += letters[static_cast<std::size_t>(std::rand()) % letters.size()];
     }
     return name;

@@ -29,8 +29,8 @@ std::size_t picture::index(int x, int y) const {
 
 picture picture::part(rectangle r) const {
     picture copy(r.w, r.h);
-    for (int y = 0; y < r.h; ++y) {
-        for (int x = 0; x < r.w; ++x) {
+    for (int y = 0; y < r.h; y++) {
+        for (int x = 0; x < r.w; x++) {
             copy.set(x, y, at(r.x + x, r.y + y));
         }
     }

@@ -186,7 +186,7 @@ bool program::findtitles() {
     const rgb background = bar.commonest();
     int lastink = -wordspace - 1;
     titles.clear();
-    for (int x = 0; x < bar.w(); ++x) {
+    for (int x = 0; x < bar.w(); x++) {
         if (bar.part({x, 0, 1, bar.h()}).count(background) == bar.h()) {
             continue;
         }
@@ -308,7 +308,7 @@ picture program::part(rectangle r) const {
 verdict program::shows(const unsigned char* colors, bool rear) const {
     const picture seen = view_picture();
     verdict result;
-    for (int place = 0; place < 54; ++place) {
+    for (int place = 0; place < 54; place++) {
         const viewpoint point = lookat(place, seen.w());
         if (point.rear && !rear) {
             continue;

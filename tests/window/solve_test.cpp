@@ -33,7 +33,7 @@ class Solve : public windowtest {
         const picture seen = screen.screenshot({r.x + 5, r.y + 5, r.w - 10, r.h - 10});
         int lines = 0;
         bool ink = false;
-        for (int y = 0; y < seen.h(); ++y) {
+        for (int y = 0; y < seen.h(); y++) {
             const bool dark = seen.part({0, y, seen.w(), 1}).count({0, 0, 0}) > 0;
             lines += dark && !ink ? 1 : 0;
             ink = dark;

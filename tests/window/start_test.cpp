@@ -114,7 +114,7 @@ TEST_F(Start, MenusHaveTheirRows) {
     };
 
     int heights[5] = {};
-    for (int i = 0; i < 5; ++i) {
+    for (int i = 0; i < 5; i++) {
         const windowid menu = vexel.openmenu(menus[i].first);
         heights[i] = screen.place(menu).h;
         screen.button(1, false);
@@ -122,7 +122,7 @@ TEST_F(Start, MenusHaveTheirRows) {
         ASSERT_TRUE(waitfor(10, [&] { return !screen.visible(menu); })) << menus[i].first;
     }
     const int row = heights[1] - heights[4]; // of three entries
-    for (int i = 0; i < 5; ++i) {
+    for (int i = 0; i < 5; i++) {
         EXPECT_EQ(3 * (heights[i] - heights[4]), row * (menus[i].rows - 1)) << menus[i].first;
     }
 }

@@ -24,7 +24,7 @@ char letterof(rgb colour) {
 
 std::string stickers(const picture& view) {
     std::string letters;
-    for (int place = 0; place < placecount; ++place) {
+    for (int place = 0; place < placecount; place++) {
         const viewpoint point = lookat(place, view.w());
         letters += letterof(view.at(static_cast<int>(point.x), static_cast<int>(point.y)));
     }
@@ -33,7 +33,7 @@ std::string stickers(const picture& view) {
 
 std::string whynotlegal(const std::string& letters) {
     std::string centres;
-    for (std::size_t face = 0; face < cubefacecount; ++face) {
+    for (std::size_t face = 0; face < cubefacecount; face++) {
         const char letter = letters[9 * face + 4];
         if (letter == '?' || centres.find(letter) != std::string::npos) {
             return "the centres are " + centres + letter;
@@ -41,7 +41,7 @@ std::string whynotlegal(const std::string& letters) {
         centres += letter;
     }
     initcubies();
-    for (std::size_t place = 0; place < placecount; ++place) {
+    for (std::size_t place = 0; place < placecount; place++) {
         const std::size_t colour = centres.find(letters[place]);
         if (colour == std::string::npos) {
             return "a sticker is " + std::string(1, letters[place]);

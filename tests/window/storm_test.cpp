@@ -63,7 +63,7 @@ class Storm : public windowtest {
 
     // Sends whatever is open away and stops whatever goes on; a demo stops at any command.
     void calm() {
-        for (int i = 0; i < 20 && vexel.child().running(); ++i) {
+        for (int i = 0; i < 20 && vexel.child().running(); i++) {
             screen.press(XK_Escape);
             if (vexel.dialog() != 0) {
                 try {
@@ -95,7 +95,7 @@ class Storm : public windowtest {
 
     std::string anybytes(int size, int lowest, int highest) {
         std::string bytes;
-        for (int i = 0; i < size; ++i) {
+        for (int i = 0; i < size; i++) {
             bytes += static_cast<char>(lowest + below(highest - lowest + 1));
         }
         return bytes;
@@ -106,7 +106,7 @@ class Storm : public windowtest {
 
 std::string times(int count, const std::string& text) {
     std::string all;
-    for (int i = 0; i < count; ++i) {
+    for (int i = 0; i < count; i++) {
         all += text;
     }
     return all;
@@ -115,7 +115,7 @@ std::string times(int count, const std::string& text) {
 } // namespace
 
 TEST_F(Storm, EventsInAnyOrderDoNoHarm) {
-    for (int i = 0; i < 800 && vexel.child().running(); ++i) {
+    for (int i = 0; i < 800 && vexel.child().running(); i++) {
         anyevent();
         if (i % 20 == 0 && vexel.dialog() != 0) {
             calm();

@@ -513,8 +513,8 @@ picture xserver::screenshot(rectangle r) const {
         throw std::runtime_error("no picture of the screen");
     }
     picture taken(w, h);
-    for (int y = 0; y < h; ++y) {
-        for (int x = 0; x < w; ++x) {
+    for (int y = 0; y < h; y++) {
+        for (int x = 0; x < w; x++) {
             const unsigned long pixel = XGetPixel(image, x, y);
             taken.set(x, y,
                       {channel(pixel, image->red_mask), channel(pixel, image->green_mask),
