@@ -5,6 +5,7 @@
 #include "model/cube.h"
 #include "model/notation.h"
 #include "model/parser.h"
+#include "model/resetmodel.h"
 #include "model/turns.h"
 #include "model/undo.h"
 #include "nullshell.h"
@@ -20,10 +21,7 @@ class DemoMacro : public testing::Test {
   protected:
     void SetUp() override {
         resetshell();
-        initparser();
-        initturns();
-        initundo();
-        initcubies();
+        resetmodel();
         std::srand(1); // what a generator that was never seeded does
     }
 

@@ -38,8 +38,6 @@ class Dispatch : public testing::Test {
   protected:
     void SetUp() override {
         openwindow();
-        initrecording();
-        initsavedcube();
         recordstop();
         out->value("0");
         inp->clear_changed();

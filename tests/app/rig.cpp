@@ -8,6 +8,7 @@
 #include "app/my_input.h"
 #include "model/cube.h"
 #include "model/parser.h"
+#include "model/resetmodel.h"
 #include "model/turns.h"
 #include "model/undo.h"
 #include "render/animation.h"
@@ -83,10 +84,7 @@ void openwindow() {
     if (form == nullptr) {
         buildwindow();
     }
-    initcubies();
-    initundo();
-    initturns();
-    initparser();
+    resetmodel();
     singlestepptr = 0;
     tryhard = 0;
     showrear = 1;

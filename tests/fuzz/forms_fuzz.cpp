@@ -5,6 +5,7 @@
 #include "fuzz/fuzz.h"
 #include "model/cube.h"
 #include "model/parser.h"
+#include "model/resetmodel.h"
 #include "nullshell.h"
 #include "tools/forms.h"
 #include "tools/messages.h"
@@ -46,7 +47,7 @@ void checkturns(const read_line& line, const std::string& facelets) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     resetshell();
-    initparser();
+    resetmodel();
     const auto form = static_cast<line_form>(size == 0 ? 0 : data[0] % formcount);
     const std::string text = textfrom(data, size, 1);
     read_line line;

@@ -7,6 +7,7 @@
 #include "model/notation.h"
 #include "model/parser.h"
 #include "model/recording.h"
+#include "model/resetmodel.h"
 #include "model/savedcube.h"
 #include "model/singmaster.h"
 #include "model/slowparser.h"
@@ -151,12 +152,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         return 0; // the slow reading goes as deep as the brackets do
     }
     resetshell();
-    initturns();
-    initcubies();
-    initundo();
-    initparser();
-    initrecording();
-    initsavedcube();
+    resetmodel();
     comparecounts(text);
     compareparses(text, (way & 1) != 0, (way & 2) != 0);
     return 0;

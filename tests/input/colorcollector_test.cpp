@@ -6,6 +6,7 @@
 #include "input/collectorlayout.h"
 #include "input/colorcollector.h"
 #include "input/coloring.h"
+#include "model/resetmodel.h"
 #include "model/turns.h"
 #include "nullshell.h"
 #include "window/xserver.h"
@@ -46,8 +47,7 @@ class Colorcollector : public testing::Test {
 
     void SetUp() override {
         resetshell();
-        initcubies();
-        initturns();
+        resetmodel();
         needsredraw = 0;
         sanecube = 1;
         std::strcpy(colortable, "WGRBOY");

@@ -9,6 +9,7 @@
 #include "model/cube.h"
 #include "model/parser.h"
 #include "model/recording.h"
+#include "model/resetmodel.h"
 #include "model/savedcube.h"
 #include "model/turns.h"
 #include "model/undo.h"
@@ -29,12 +30,7 @@ class ModelTest : public testing::Test {
   protected:
     void SetUp() override {
         resetshell();
-        initturns();
-        initcubies();
-        initundo();
-        initparser();
-        initrecording();
-        initsavedcube();
+        resetmodel();
     }
 
     // At once, in direct mode.

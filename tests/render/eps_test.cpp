@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "base/scratch.h"
 #include "model/cube.h"
+#include "model/resetmodel.h"
 #include "model/turns.h"
 #include "nullgl.h"
 #include "nullshell.h"
@@ -40,8 +41,7 @@ class Eps : public testing::Test {
   protected:
     void SetUp() override {
         resetshell();
-        initcubies();
-        initturns();
+        resetmodel();
         demomode = 0;
     }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "model/cube.h"
 #include "model/parser.h"
+#include "model/resetmodel.h"
 #include "model/slowcube.h"
 #include "nullshell.h"
 #include "solver/solver.h"
@@ -24,8 +25,7 @@ class Forms : public testing::Test {
   protected:
     void SetUp() override {
         resetshell();
-        initcubies();
-        initparser();
+        resetmodel();
     }
 
     read_line read(const std::string& text, line_form form = anyform) {

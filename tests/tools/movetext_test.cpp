@@ -2,6 +2,7 @@
 #include "model/cube.h"
 #include "model/notation.h"
 #include "model/parser.h"
+#include "model/resetmodel.h"
 #include "model/slowcube.h"
 #include "nullshell.h"
 #include "tools/booktwin.h"
@@ -19,8 +20,7 @@ class Movetext : public testing::Test {
   protected:
     void SetUp() override {
         resetshell();
-        initcubies();
-        initparser();
+        resetmodel();
     }
 
     static void doit(const std::string& macro) {

@@ -3,6 +3,7 @@
 // Named macros as a person uses them: chosen, defined, deleted, saved, loaded, kept for the next
 // run.
 #include "base/scratch.h"
+#include "model/resetmodel.h"
 #include "window/layout.h"
 #include "window/windowtest.h"
 
@@ -33,11 +34,7 @@ void write(const std::string& path, const std::string& text) {
 
 class Macros : public testing::Test {
   protected:
-    Macros() {
-        initturns();
-        initparser();
-        initcubies();
-    }
+    Macros() { resetmodel(); }
 
     // A run of the program in the test's home folder, at the fastest speed.
     void start(const std::vector<std::string>& arguments = {}) {

@@ -8,7 +8,9 @@
 
 #include "model/cube.h"
 #include "model/parser.h"
+#include "model/resetmodel.h"
 #include "model/turns.h"
+#include "window/layout.h"
 #include "window/program.h"
 
 #include <cstdlib>
@@ -25,9 +27,7 @@ class windowtest : public testing::Test {
     }
 
     static void initmodel() {
-        initturns();
-        initparser();
-        initcubies();
+        resetmodel();
         std::srand(1); // what a generator that was never seeded does
     }
 
@@ -41,6 +41,18 @@ class windowtest : public testing::Test {
     testing::AssertionResult showsmodel(double seconds = 30, bool rear = true) const {
         const verdict seen = vexel.waitforcube(cubecolors, seconds, rear);
         return seen ? testing::AssertionSuccess() : testing::AssertionFailure() << seen.why;
+    }
+
+    // Each of the 24 turn buttons turns as it says. Wants a cube on which no two turns look alike.
+    void expectbuttonsturn() {
+        for (const button_place& button : buttonplaces) {
+            if (button.turn >= 0) {
+                SCOPED_TRACE(button.label);
+                vexel.pushbutton(button.label);
+                applyturn(button.turn);
+                ASSERT_TRUE(showsmodel());
+            }
+        }
     }
 
     xserver screen;
