@@ -24,11 +24,6 @@ constinit int demorunning = 0;
 
 namespace {
 
-void labeldemobutton(const char* text) {
-    demo->label(text);
-    demo->redraw_label();
-}
-
 std::string madeupmacro() {
     const ownrandom numbers;
     displayorder = 0; // each macro that is tried has its order reckoned, and told
@@ -59,7 +54,7 @@ void toggledemo() {
         return;
     }
     demomode = 1;
-    labeldemobutton("Stop Demo");
+    demo->copy_label("Stop Demo");
     recordstop();
     rundemo();
 }
@@ -81,5 +76,5 @@ void stopdemo() {
     demorunning = 0;
     demomode = 0;
     clearqueue();
-    labeldemobutton("Start Demo");
+    demo->copy_label("Start Demo");
 }

@@ -83,7 +83,6 @@ void makeroom() {
 // The number goes along with the label, so that the two cannot part.
 void setbutton(Fl_Button* button, const std::string& label, int macro) {
     button->copy_label(label.c_str());
-    button->redraw_label();
     button->callback(macbut_cb, userdata(macro));
 }
 

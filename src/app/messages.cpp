@@ -172,7 +172,6 @@ void showmessagewindow(const char* text, double) {
     }
     std::snprintf(smessage, sizeof smessage, "%s", text);
     box->label(smessage);
-    box->redraw_label();
     // Deliberate: NOT-BUGS.md, "The wait panel is off centre"
     const int x = form->x() + form->w() / 2 - 100;
     const int y = form->y() + form->h() / 2 - 50;

@@ -11,15 +11,6 @@
 #include <FL/Fl_Button.H>
 #include <FL/Fl_Output.H>
 
-namespace {
-
-void relabel(Fl_Button* button, const char* text) {
-    button->copy_label(text);
-    button->redraw_label();
-}
-
-} // namespace
-
 const char* macroline() {
     return inp->value();
 }
@@ -41,9 +32,9 @@ void lengthreadoutchanged() {
 }
 
 void labelrecordbutton(const char* text) {
-    relabel(recbut, text);
+    recbut->copy_label(text);
 }
 
 void labelsavebutton(const char* text) {
-    relabel(bsave, text);
+    bsave->copy_label(text);
 }

@@ -9,6 +9,8 @@
 #include "model/cube.h"
 #include "model/parser.h"
 #include "model/recording.h"
+#include "model/resetmodel.h"
+#include "model/savedcube.h"
 #include "model/turns.h"
 #include "model/undo.h"
 #include "render/view.h"
@@ -29,11 +31,7 @@ class Demo : public testing::Test {
         if (form == nullptr) {
             makeform("Vexel's Cube Simulator");
         }
-        initturns();
-        initparser();
-        initundo();
-        initrecording();
-        initcubies();
+        resetmodel();
         demomode = 0;
         demorunning = 0;
         displayorder = 1;
@@ -64,6 +62,20 @@ TEST_F(Demo, ButtonAndFlagsFollowTheDemo) {
     EXPECT_STREQ("Start Demo", demo->label());
     EXPECT_EQ(0, demomode);
     EXPECT_EQ(0, demorunning);
+}
+
+TEST_F(Demo, ANewLabelIsDrawn) {
+    const auto drawsanew = [](Fl_Button* button, void (*relabel)()) {
+        button->clear_damage();
+        relabel();
+        return button->damage() != 0;
+    };
+    EXPECT_TRUE(drawsanew(demo, toggledemo));
+    EXPECT_TRUE(drawsanew(demo, stopdemo));
+    EXPECT_TRUE(drawsanew(recbut, recordstart));
+    EXPECT_TRUE(drawsanew(recbut, recordstop));
+    EXPECT_TRUE(drawsanew(bsave, savecube));
+    EXPECT_TRUE(drawsanew(bsave, savecube));
 }
 
 TEST_F(Demo, AnEmptyLineGetsAMacroWithItsLength) {
