@@ -6,6 +6,7 @@
 #include "solver/samples.h"
 #include "solver/search.h"
 #include "solver/solver.h"
+#include "solver/twisttables.h"
 
 #include <gtest/gtest.h>
 
@@ -24,10 +25,7 @@ std::vector<golden_row> some_rows() {
 
 // Without initializesolve.
 void build_described_tables() {
-    options_init(user_options);
-    twist_lengths_init(&a_metric_length, &b_metric_length);
-    is_stage2_twist_init(is_stage2_twist);
-    twist_sequences_init(twist_list_table, a_twist_list_ptrs, b_twist_list_ptrs);
+    twist_tables_init();
     transformation_tables_init();
     prune_tables_init();
 }

@@ -97,9 +97,11 @@ TEST(Cubecheck, AGoodCubeLeavesTheLastMessage) {
 
 TEST(Cubecheck, BlanksOfAnyKindSeparateNames) {
     std::string text = solved;
-    for (std::size_t i = 0; i < text.size(); i++)
-        if (text[i] == ' ')
+    for (std::size_t i = 0; i < text.size(); i++) {
+        if (text[i] == ' ') {
             text[i] = "\t\n\v\f\r"[i % 5];
+        }
+    }
     EXPECT_EQ(sanitycheckcube(("  " + text + "\n").c_str()), 1);
 }
 
@@ -112,11 +114,13 @@ TEST(Cubecheck, OfTheTwelveOrbitsOnePasses) {
         c.flip[random() % 12] ^= flips;
         int& twist = c.twist[random() % 8];
         twist = (twist + twists) % 3;
-        if (swaps)
+        if (swaps) {
             std::swap(c.edge[0], c.edge[1 + random() % 11]);
+        }
         int sum = 0;
-        for (const int t : c.twist)
+        for (const int t : c.twist) {
             sum += t;
+        }
         const char* const expected = swaps    ? swap
                                      : twists ? (sum == 1 ? counter : clockwise)
                                      : flips  ? flip
@@ -135,8 +139,10 @@ TEST(Cubecheck, TheCheckCompletesTheRecord) {
     ASSERT_EQ(parse_cubies(names, cube), 20);
     EXPECT_EQ(check_cube(cube), 0);
     EXPECT_EQ(cube.corner_parity, 1);
-    for (int i = 0; i < edge_count; i++)
+    for (int i = 0; i < edge_count; i++) {
         EXPECT_EQ(cube.edges_flipped[i], (cube.edges[i] + 12) % 24);
-    for (int i = 8; i < 24; i++)
+    }
+    for (int i = 8; i < 24; i++) {
         EXPECT_EQ(cube.corners[i], (cube.corners[i - 8] + 8) % 24);
+    }
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "solver/edgeclass.h"
 #include "solver/pruning.h"
+#include "solver/twisttables.h"
 
 #include <algorithm>
 #include <bit>
@@ -12,10 +13,7 @@ namespace {
 class EdgeClass : public testing::Test {
   protected:
     static void SetUpTestSuite() {
-        options_init(user_options);
-        twist_lengths_init(&a_metric_length, &b_metric_length);
-        is_stage2_twist_init(is_stage2_twist);
-        twist_sequences_init(twist_list_table, a_twist_list_ptrs, b_twist_list_ptrs);
+        twist_tables_init();
         transformation_tables_init();
         a_eflip_eloc_dist_init(eflip_eloc_dist_table, eflip_eloc_dist_ptrs);
         edge_classes_init();
@@ -31,8 +29,9 @@ int edges_after(int t, int x) {
 
 TEST_F(EdgeClass, TheClassesPartTheEdges) {
     int total = 0;
-    for (int c = 0; c < edge_class_count; c++)
+    for (int c = 0; c < edge_class_count; c++) {
         total += symmetry_count / std::popcount(edge_class_stabilizer[c]);
+    }
     EXPECT_EQ(total, a_edges_size);
     const auto before = [](int a, int b) {
         return std::pair(eflip_eloc_dist_table[a], a) < std::pair(eflip_eloc_dist_table[b], b);
@@ -50,17 +49,20 @@ TEST_F(EdgeClass, EveryValueIsClassifiedToItsRepresentative) {
 }
 
 TEST_F(EdgeClass, StepsLeadToTheImageOfTheTurnedRepresentative) {
-    for (int c = 0; c < edge_class_count; c++)
+    for (int c = 0; c < edge_class_count; c++) {
         for (int t = 0; t < a_twist_count; t++) {
             const classified_edges step = edge_class_steps[c].after(t);
             const int after = edges_after(t, edge_class_edges[c]);
             ASSERT_EQ(symmetry_on_edges(step.symmetry, after), edge_class_edges[step.edge_class]);
             ASSERT_EQ(step.distance, eflip_eloc_dist_table[after]);
         }
+    }
 }
 
 TEST_F(EdgeClass, TheMoveTableTurnedRoundIsTheMoveTable) {
-    for (int x = 0; x < a_corner_size; x++)
-        for (int t = 0; t < a_twist_count; t++)
+    for (int x = 0; x < a_corner_size; x++) {
+        for (int t = 0; t < a_twist_count; t++) {
             ASSERT_EQ(a_corner_steps[x].after[t], twist_on_corner_ptrs[t][x]);
+        }
+    }
 }

@@ -130,8 +130,9 @@ int lost_by_near2(int greatest) {
 
 struct Near : testing::Test {
     static void SetUpTestSuite() {
-        while (!initializesolve())
+        while (!initializesolve()) {
             continue;
+        }
         lost_initially = lost_by_near1(near1_initial) + lost_by_near2(near2_ordinary);
         grown = near1_extend(near1_ordinary) && near2_extend(near2_greatest);
         lost_when_grown = lost_by_near1(near1_ordinary) + lost_by_near2(near2_greatest);
@@ -201,9 +202,10 @@ TEST_F(Near, FewStrangersPassTheStage2Sieves) {
     constexpr int tries = 200000;
     for (int length = 0; length <= near2_greatest; length++) {
         int passed = 0;
-        for (int i = 0; i < tries; i++)
+        for (int i = 0; i < tries; i++) {
             passed += near2_within(class_of_cornerperm(below(cornerperm_size)),
                                    below(b_edgeperm_size), below(b_midperm_size), length);
+        }
         EXPECT_LT(passed, tries / 50) << length;
     }
 }

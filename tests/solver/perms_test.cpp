@@ -63,7 +63,8 @@ TEST(Perms, AConjugateMovesWhatTheOtherNames) {
     const int q[] = {3, 0, 2, 1};
     int out[4];
     conjugate_perm_n(4, p, q, out);
-    for (int i = 0; i < 4; i++)
+    for (int i = 0; i < 4; i++) {
         EXPECT_EQ(out[q[i]], q[p[i]]);
+    }
     EXPECT_EQ(check_perm_n(4, out), 0);
 }

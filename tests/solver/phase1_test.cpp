@@ -32,8 +32,9 @@ const coordinate_row coordinates[] = {
 // The three coordinates of a cube that the twin has turned.
 void expect_coordinates(const plain::cube& c, const int (&x)[3], int t) {
     int slice[12];
-    for (int i = 0; i < 12; i++)
+    for (int i = 0; i < 12; i++) {
         slice[i] = c.edge[i] >= 8;
+    }
     EXPECT_EQ(a_corner_pack(c.twist), twist_on_corner_ptrs[t][x[0]]);
     EXPECT_EQ(a_eflip_pack(c.flip), twist_on_eflip_ptrs[t][x[1]]);
     EXPECT_EQ(a_eloc_pack(slice), twist_on_eloc_ptrs[t][x[2]]);
@@ -49,8 +50,9 @@ TEST_F(Phase1, PackAndUnpackAreInverseOverTheWholeRange) {
             row.unpack(x, values);
             ASSERT_EQ(row.pack(values), x);
             int sum = 0;
-            for (int i = 0; i < row.positions; i++)
+            for (int i = 0; i < row.positions; i++) {
                 sum += values[i];
+            }
             ASSERT_EQ(sum % row.modulus, 0);
         }
     }
@@ -75,8 +77,8 @@ TEST_F(Phase1, SubsetsAreInLexicographicOrder) {
 }
 
 TEST_F(Phase1, AFaceTurnedFourTimesIsWhereItWas) {
-    for (const coordinate_row& row : coordinates)
-        for (int quarter = 0; quarter < a_twist_count; quarter += 3)
+    for (const coordinate_row& row : coordinates) {
+        for (int quarter = 0; quarter < a_twist_count; quarter += 3) {
             for (int x = 0; x < row.size; x++) {
                 const int once = row.moves[quarter][x];
                 const int twice = row.moves[quarter][once];
@@ -84,6 +86,8 @@ TEST_F(Phase1, AFaceTurnedFourTimesIsWhereItWas) {
                 ASSERT_EQ(row.moves[quarter + 2][once], x) << row.name;
                 ASSERT_EQ(row.moves[quarter][row.moves[quarter][twice]], x) << row.name;
             }
+        }
+    }
 }
 
 // Each coordinate takes each of its values: together they walk through all of the larger one's.
@@ -95,10 +99,12 @@ TEST_F(Phase1, MovesAreThoseOfTheTwinsCube) {
         a_eflip_unpack(values[1], c.flip);
         int flags[12];
         a_eloc_unpack(values[2], flags);
-        for (int i = 0, slice = 8, other = 0; i < 12; i++)
+        for (int i = 0, slice = 8, other = 0; i < 12; i++) {
             c.edge[i] = flags[i] != 0 ? slice++ : other++;
-        for (int t = 0; t < a_twist_count; t++)
+        }
+        for (int t = 0; t < a_twist_count; t++) {
             expect_coordinates(plain::turned(c, t), values, t);
+        }
     }
 }
 

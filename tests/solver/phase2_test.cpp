@@ -30,8 +30,9 @@ int slice_of(const plain::cube& c, const int (&edges)[4]) {
 
 int midperm_of(const plain::cube& c) {
     int p[4];
-    for (int i = 0; i < 4; i++)
+    for (int i = 0; i < 4; i++) {
         p[i] = c.edge[8 + i] - 8;
+    }
     return perm_n_pack(4, p);
 }
 
@@ -59,20 +60,23 @@ TEST_F(Phase2, CornerMovesAreThoseOfTheTwinsCube) {
     for (int x = 0; x < cornerperm_size; x++) {
         plain::cube c = plain::solvedcube();
         perm_n_unpack(8, x, c.corner);
-        for (int t = 0; t < a_twist_count; t++)
+        for (int t = 0; t < a_twist_count; t++) {
             ASSERT_EQ(a_twist_on_cornerperm_ptrs[t][x], perm_n_pack(8, plain::turned(c, t).corner));
+        }
     }
-    for (int t = 0; t < b_twist_count; t++)
+    for (int t = 0; t < b_twist_count; t++) {
         EXPECT_EQ(b_twist_on_cornerperm_ptrs[t], a_twist_on_cornerperm_ptrs[b_to_a_twist[t]]);
+    }
 }
 
 TEST_F(Phase2, LayerEdgeMovesAreThoseOfTheTwinsCube) {
     for (int x = 0; x < b_edgeperm_size; x++) {
         plain::cube c = plain::solvedcube();
         perm_n_unpack(8, x, c.edge);
-        for (int t = 0; t < b_twist_count; t++)
+        for (int t = 0; t < b_twist_count; t++) {
             ASSERT_EQ(twist_on_edgeperm_ptrs[t][x],
                       perm_n_pack(8, plain::turned(c, b_to_a_twist[t]).edge));
+        }
     }
 }
 
@@ -80,19 +84,23 @@ TEST_F(Phase2, SliceEdgeMovesAreThoseOfTheTwinsCube) {
     for (int x = 0; x < b_midperm_size; x++) {
         plain::cube c = plain::solvedcube();
         perm_n_unpack(4, x, c.edge + 8);
-        for (int i = 8; i < 12; i++)
+        for (int i = 8; i < 12; i++) {
             c.edge[i] += 8;
-        for (int t = 0; t < b_twist_count; t++)
+        }
+        for (int t = 0; t < b_twist_count; t++) {
             ASSERT_EQ(twist_on_midperm_ptrs[t][x], midperm_of(plain::turned(c, b_to_a_twist[t])));
+        }
     }
     for (int x = 0; x < sliceedge_size; x++) {
         int labels[12];
         sliceedge_unpack(x, labels);
         plain::cube c = plain::solvedcube();
-        for (int i = 0, other = 0; i < 12; i++)
+        for (int i = 0, other = 0; i < 12; i++) {
             c.edge[i] = labels[i] != 0 ? 7 + labels[i] : other++;
-        for (int t = 0; t < a_twist_count; t++)
+        }
+        for (int t = 0; t < a_twist_count; t++) {
             ASSERT_EQ(twist_on_sliceedge_ptrs[t][x], slice_of(plain::turned(c, t), marked[0]));
+        }
     }
 }
 
@@ -113,10 +121,11 @@ TEST_F(Phase2, ImpossibleCombinationsAreMarked) {
     EXPECT_EQ(
         std::count(sliceedge_to_halfedgeperm, std::end(sliceedge_to_halfedgeperm), impossible),
         sliceedge_size - halfedgeperm_size);
-    for (int h = 0; h < halfedgeperm_size; h++)
+    for (int h = 0; h < halfedgeperm_size; h++) {
         ASSERT_EQ(std::count(half_to_edgeperm_ptrs[h], half_to_edgeperm_ptrs[h] + halfedgeperm_size,
                              impossible),
                   halfedgeperm_size - 24);
+    }
     const int one[8] = {1, 2, 3, 4, 0, 0, 0, 0};
     const int other[8] = {0, 0, 0, 1, 2, 3, 4, 0};
     int out[8];

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "solver/pruning.h"
+#include "solver/twisttables.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -7,18 +8,10 @@
 
 namespace {
 
-void settle(int chosen_metric) {
-    options_init(user_options);
-    user_options.metric = chosen_metric;
-    twist_lengths_init(&a_metric_length, &b_metric_length);
-    is_stage2_twist_init(is_stage2_twist);
-    twist_sequences_init(twist_list_table, a_twist_list_ptrs, b_twist_list_ptrs);
-}
-
 class Pruning : public testing::Test {
   protected:
     static void SetUpTestSuite() {
-        settle(quarter_turn_metric);
+        twist_tables_init();
         transformation_tables_init();
         prune_tables_init();
     }
@@ -96,15 +89,19 @@ std::vector<std::uint8_t> searched(const table_row& table) {
     std::vector<std::uint8_t> distance(static_cast<std::size_t>(table.rows * table.columns), 255);
     std::vector<std::vector<int>> waiting(40);
     waiting[0].push_back(table.goal);
-    for (std::size_t d = 0; d + 2 < waiting.size(); d++)
+    for (std::size_t d = 0; d + 2 < waiting.size(); d++) {
         for (const int x : waiting[d]) {
-            if (distance[x] != 255)
+            if (distance[x] != 255) {
                 continue;
+            }
             distance[x] = static_cast<std::uint8_t>(d);
-            for (int t = 0; t < table.twists; t++)
-                if (const int y = image(table, t, x); distance[y] == 255)
+            for (int t = 0; t < table.twists; t++) {
+                if (const int y = image(table, t, x); distance[y] == 255) {
                     waiting[d + static_cast<std::size_t>(cost(table, t))].push_back(y);
+                }
+            }
         }
+    }
     return distance;
 }
 
@@ -139,11 +136,14 @@ TEST_F(Pruning, HistogramsAreTheKnownOnes) {
 }
 
 TEST_F(Pruning, NoTwistChangesADistanceByMoreThanItCosts) {
-    for (const table_row& table : tables)
-        for (int x = 0; x < table.rows * table.columns; x++)
-            for (int t = 0; t < table.twists; t++)
+    for (const table_row& table : tables) {
+        for (int x = 0; x < table.rows * table.columns; x++) {
+            for (int t = 0; t < table.twists; t++) {
                 ASSERT_LE(table.cells[image(table, t, x)], table.cells[x] + cost(table, t))
                     << table.name << ' ' << x << ' ' << t;
+            }
+        }
+    }
 }
 
 TEST_F(Pruning, OnlyTheGoalIsAtDistanceZero) {
@@ -154,8 +154,9 @@ TEST_F(Pruning, OnlyTheGoalIsAtDistanceZero) {
 }
 
 TEST_F(Pruning, CornersAloneAreAsFarAsWithTheNearestSlice) {
-    for (int x = 0; x < cornerperm_size; x++)
+    for (int x = 0; x < cornerperm_size; x++) {
         ASSERT_EQ(cornerperm_dist_table[x], least_with_any_slice(x));
+    }
 }
 
 TEST_F(Pruning, NoCubeIsFartherThanTheLeastDepthSetting) {
@@ -170,7 +171,7 @@ TEST_F(Pruning, NoCubeIsFartherThanTheLeastDepthSetting) {
 }
 
 TEST_F(Pruning, InTheOtherMetricAHalfTurnIsOneStep) {
-    settle(face_turn_metric);
+    twist_tables_init(face_turn_metric);
     prune_tables_init();
     for (const table_row& table : tables) {
         SCOPED_TRACE(table.name);
@@ -184,6 +185,6 @@ TEST_F(Pruning, InTheOtherMetricAHalfTurnIsOneStep) {
     for (int x = 0; x < cornerperm_size; x++) {
         ASSERT_EQ(cornerperm_dist_table[x], least_with_any_slice(x));
     }
-    settle(quarter_turn_metric);
+    twist_tables_init();
     prune_tables_init();
 }

@@ -12,8 +12,9 @@ constexpr int sub[] = {1, 4, 6, 7, 8, 10, 13, 15, 16, 17};
 
 template <typename twists> plain::cube scrambled(const twists& list, std::mt19937& random) {
     plain::cube c = plain::solvedcube();
-    for (int i = 0; i < 200; i++)
+    for (int i = 0; i < 200; i++) {
         c = plain::turned(c, list[random() % std::size(list)]);
+    }
     return c;
 }
 
@@ -40,8 +41,10 @@ plain::cube afterletters(const plain::cube& start, const std::string& macro) {
 std::vector<golden_row> goldenrows(const std::string& path) {
     std::vector<golden_row> rows;
     std::ifstream in(path);
-    for (std::string line; std::getline(in, line);)
-        if (!line.starts_with('#'))
+    for (std::string line; std::getline(in, line);) {
+        if (!line.starts_with('#')) {
             rows.push_back({line.substr(0, line.find('\t')), line.substr(line.find('\t') + 1)});
+        }
+    }
     return rows;
 }

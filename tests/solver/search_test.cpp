@@ -17,8 +17,9 @@ namespace {
 class Search : public testing::Test {
   protected:
     static void SetUpTestSuite() {
-        while (!initializesolve())
+        while (!initializesolve()) {
             continue;
+        }
         plain::build();
     }
 
@@ -95,16 +96,18 @@ TEST_F(Search, CoordinatesAreThoseOfTheCubiesGiven) {
     EXPECT_EQ(cube.a_eflip, eflip);
     EXPECT_EQ(cube.a_eloc, eloc);
     EXPECT_EQ(cube.cornerperm, cornerperm);
-    for (const int slot : cube.sliceedge)
+    for (const int slot : cube.sliceedge) {
         EXPECT_TRUE(slot >= 0 && slot < sliceedge_size);
+    }
 }
 
 TEST_F(Search, ACubeOneTurnAwayGetsTheTurnBack) {
-    for (int face = 0; face < 6; face++)
+    for (int face = 0; face < 6; face++) {
         for (int k = 0; k < 3; k++) {
             const plain::cube c = plain::turned(plain::solvedcube(), 3 * face + k);
             EXPECT_EQ(solution(c), my_a_twist_string[3 * face + 2 - k]);
         }
+    }
 }
 
 TEST_F(Search, ASolvedCubeHasAnEmptySolution) {
@@ -119,8 +122,9 @@ TEST_F(Search, ADepthBelowTheLeastOneStillFindsNearCubes) {
     setsearchdepth(0);
     for (int i = 0; i < 30; i++) {
         plain::cube c = plain::solvedcube();
-        for (int n = 0; n < 4; n++)
+        for (int n = 0; n < 4; n++) {
             c = plain::turned(c, static_cast<int>(3 * (random() % 6)));
+        }
         const std::string found = solution(c);
         EXPECT_EQ(found, plain::solve(c, 0).empty() ? "error" : plain::solve(c, 0));
     }
@@ -137,10 +141,12 @@ TEST_F(Search, SolutionsHaveTheParityOfTheCorners) {
 }
 
 TEST_F(Search, TheClickIsAskedForEvery70001stCall) {
-    while (shell.polls == 0)
+    while (shell.polls == 0) {
         ASSERT_EQ(testclick(), 0);
-    for (int call = 1; call <= 70000; call++)
+    }
+    for (int call = 1; call <= 70000; call++) {
         ASSERT_EQ(testclick(), 0);
+    }
     EXPECT_EQ(shell.polls, 1);
     shell.interruptat = 2;
     EXPECT_EQ(testclick(), 1);

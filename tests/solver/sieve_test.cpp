@@ -19,8 +19,9 @@ struct Sieve : testing::Test {
 } // namespace
 
 TEST_F(Sieve, AnEmptyOneHasNothing) {
-    for (std::uint64_t number = 0; number < 10000; number++)
+    for (std::uint64_t number = 0; number < 10000; number++) {
         ASSERT_FALSE(sieve_has(sifted, number));
+    }
 }
 
 TEST_F(Sieve, HasEveryMemberAndFewOthers) {
@@ -29,11 +30,13 @@ TEST_F(Sieve, HasEveryMemberAndFewOthers) {
         numbers.push_back(random() >> 20);
         sieve_add(sifted, numbers.back());
     }
-    for (const std::uint64_t number : numbers)
+    for (const std::uint64_t number : numbers) {
         ASSERT_TRUE(sieve_has(sifted, number));
+    }
     int passed = 0;
-    for (int i = 0; i < 100000; i++)
+    for (int i = 0; i < 100000; i++) {
         passed += sieve_has(sifted, random() >> 20);
+    }
     EXPECT_LT(passed, 1500); // one in 150 is expected
     EXPECT_GT(passed, 0);
 }

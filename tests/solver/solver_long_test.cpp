@@ -10,8 +10,9 @@ namespace {
 class SolverLong : public testing::Test {
   protected:
     static void SetUpTestSuite() {
-        while (!initializesolve())
+        while (!initializesolve()) {
             continue;
+        }
         plain::build();
     }
 

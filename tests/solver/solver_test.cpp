@@ -71,10 +71,12 @@ TEST_F(Solver, EverySolutionSolvesTheCubeOfTheModel) {
         muckcube();
         const std::string answer = my_user_enters_cube(dumpcube());
         constexpr char letters[] = "ULFRBD"; // ORDER FACE
-        for (const char letter : answer)
-            for (int n = 0; n < (std::islower(letter) ? 3 : 1); n++)
+        for (const char letter : answer) {
+            for (int n = 0; n < (std::islower(letter) ? 3 : 1); n++) {
                 moveface(static_cast<unsigned>(
                     std::string(letters).find(static_cast<char>(std::toupper(letter)))));
+            }
+        }
         EXPECT_EQ(solved(), 1);
     }
 }
@@ -104,6 +106,7 @@ TEST_F(Solver, InitialisationDoesOneStepACall) {
 }
 
 TEST_F(Solver, InitialisationIsDoneOnce) {
-    for (int i = 0; i < 3; i++)
+    for (int i = 0; i < 3; i++) {
         EXPECT_EQ(initializesolve(), 1);
+    }
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "solver/perms.h"
 #include "solver/symmetry.h"
+#include "solver/twisttables.h"
 
 #include <bit>
 #include <gtest/gtest.h>
@@ -10,10 +11,7 @@ namespace {
 class Symmetry : public testing::Test {
   protected:
     static void SetUpTestSuite() {
-        options_init(user_options);
-        twist_lengths_init(&a_metric_length, &b_metric_length);
-        is_stage2_twist_init(is_stage2_twist);
-        twist_sequences_init(twist_list_table, a_twist_list_ptrs, b_twist_list_ptrs);
+        twist_tables_init();
         transformation_tables_init();
         symmetry_perm_tables_init();
     }
@@ -21,9 +19,11 @@ class Symmetry : public testing::Test {
 
 // A twist of stage 2 as a symmetry sees it.
 int b_image(int s, int t) {
-    for (int image = 0; image < b_twist_count; image++)
-        if (b_to_a_twist[image] == symmetry_on_twist[s][b_to_a_twist[t]])
+    for (int image = 0; image < b_twist_count; image++) {
+        if (b_to_a_twist[image] == symmetry_on_twist[s][b_to_a_twist[t]]) {
             return image;
+        }
+    }
     return -1;
 }
 
@@ -31,35 +31,43 @@ int b_image(int s, int t) {
 
 // With this and the goal's being kept, no distance from the goal can change under a symmetry.
 TEST_F(Symmetry, TurningAndThenSeeingIsSeeingAndThenTurningTheImage) {
-    for (int s = 0; s < symmetry_count; s++)
+    for (int s = 0; s < symmetry_count; s++) {
         for (int t = 0; t < a_twist_count; t++) {
             const int image = symmetry_on_twist[s][t];
-            for (int x = 0; x < a_corner_size; x++)
+            for (int x = 0; x < a_corner_size; x++) {
                 ASSERT_EQ(symmetry_on_corner[twist_on_corner_ptrs[t][x]][s],
                           twist_on_corner_ptrs[image][symmetry_on_corner[x][s]]);
-            for (int x = 0; x < a_eloc_size; x++)
+            }
+            for (int x = 0; x < a_eloc_size; x++) {
                 ASSERT_EQ(symmetry_on_eloc[twist_on_eloc_ptrs[t][x]][s],
                           twist_on_eloc_ptrs[image][symmetry_on_eloc[x][s]]);
-            for (int x = 0; x < a_eflip_size; x++)
-                for (int eloc = (x + s + t) % 11; eloc < a_eloc_size; eloc += 11)
+            }
+            for (int x = 0; x < a_eflip_size; x++) {
+                for (int eloc = (x + s + t) % 11; eloc < a_eloc_size; eloc += 11) {
                     ASSERT_EQ(symmetry_on_eflip(s, twist_on_eloc_ptrs[t][eloc],
                                                 twist_on_eflip_ptrs[t][x]),
                               twist_on_eflip_ptrs[image][symmetry_on_eflip(s, eloc, x)]);
+                }
+            }
         }
+    }
 }
 
 TEST_F(Symmetry, SoItIsWithThePermutationsOfTheSubgroup) {
-    for (int s = 0; s < symmetry_count; s++)
+    for (int s = 0; s < symmetry_count; s++) {
         for (int t = 0; t < b_twist_count; t++) {
             const int image = b_image(s, t);
             ASSERT_GE(image, 0);
-            for (int x = 0; x < b_edgeperm_size; x++)
+            for (int x = 0; x < b_edgeperm_size; x++) {
                 ASSERT_EQ(symmetry_on_edgeperm[twist_on_edgeperm_ptrs[t][x]][s],
                           twist_on_edgeperm_ptrs[image][symmetry_on_edgeperm[x][s]]);
-            for (int x = 0; x < b_midperm_size; x++)
+            }
+            for (int x = 0; x < b_midperm_size; x++) {
                 ASSERT_EQ(symmetry_on_midperm[twist_on_midperm_ptrs[t][x]][s],
                           twist_on_midperm_ptrs[image][symmetry_on_midperm[x][s]]);
+            }
         }
+    }
 }
 
 TEST_F(Symmetry, TheGoalIsKept) {
@@ -73,19 +81,23 @@ TEST_F(Symmetry, TheGoalIsKept) {
 }
 
 TEST_F(Symmetry, ProductsActOneAfterTheOther) {
-    for (int a = 0; a < symmetry_count; a++)
+    for (int a = 0; a < symmetry_count; a++) {
         for (int b = 0; b < symmetry_count; b++) {
             const int product = symmetry_on_symmetry[b][a];
-            for (int x = 0; x < a_corner_size; x++)
+            for (int x = 0; x < a_corner_size; x++) {
                 ASSERT_EQ(symmetry_on_corner[x][product],
                           symmetry_on_corner[symmetry_on_corner[x][a]][b]);
-            for (int x = 0; x < b_edgeperm_size; x += 5)
+            }
+            for (int x = 0; x < b_edgeperm_size; x += 5) {
                 ASSERT_EQ(symmetry_on_edgeperm[x][product],
                           symmetry_on_edgeperm[symmetry_on_edgeperm[x][a]][b]);
-            for (int x = 0; x < b_midperm_size; x++)
+            }
+            for (int x = 0; x < b_midperm_size; x++) {
                 ASSERT_EQ(symmetry_on_midperm[x][product],
                           symmetry_on_midperm[symmetry_on_midperm[x][a]][b]);
+            }
         }
+    }
 }
 
 TEST_F(Symmetry, AnInverseTakesBackWhatASymmetryDoes) {
@@ -96,17 +108,20 @@ TEST_F(Symmetry, AnInverseTakesBackWhatASymmetryDoes) {
 }
 
 TEST_F(Symmetry, EvenSymmetriesLeaveFlipsToThemselves) {
-    for (int s = 0; s < symmetry_count; s++)
-        for (const unsigned toggles : symmetry_toggles[s])
+    for (int s = 0; s < symmetry_count; s++) {
+        for (const unsigned toggles : symmetry_toggles[s]) {
             ASSERT_TRUE((even_symmetries >> s & 1) == 0 || toggles == 0);
+        }
+    }
 }
 
 TEST_F(Symmetry, TheClassesPartTheCornerPermutations) {
     const symmetry_classes& classes = classes_of_cornerperm;
     EXPECT_EQ(classes.representatives.size(), 2768);
     int total = 0;
-    for (const unsigned keep : classes.stabilizer)
+    for (const unsigned keep : classes.stabilizer) {
         total += symmetry_count / std::popcount(keep);
+    }
     EXPECT_EQ(total, cornerperm_size);
 }
 
@@ -117,10 +132,11 @@ TEST_F(Symmetry, MembersOfAClassTurnIntoMembersOfAClass) {
     for (int x = 0; x < cornerperm_size; x++) {
         const classified place = of[x];
         const int representative = classes_of_cornerperm.representatives[place.number];
-        for (int t = 0; t < b_twist_count; t++)
+        for (int t = 0; t < b_twist_count; t++) {
             ASSERT_EQ(
                 of[b_twist_on_cornerperm_ptrs[t][x]].number,
                 of[b_twist_on_cornerperm_ptrs[b_image(place.symmetry, t)][representative]].number);
+        }
     }
 }
 
@@ -135,11 +151,13 @@ TEST_F(Symmetry, SortingFindsTheLeastValueAndAWayToIt) {
             ASSERT_TRUE(symmetries >> place.symmetry & 1);
             ASSERT_EQ(image(place.symmetry, x), representative);
         }
-        for (std::size_t i = 0; i < classes.representatives.size(); i++)
-            for (int s = 0; s < symmetry_count; s++)
+        for (std::size_t i = 0; i < classes.representatives.size(); i++) {
+            for (int s = 0; s < symmetry_count; s++) {
                 ASSERT_EQ(classes.stabilizer[i] >> s & 1,
                           (symmetries >> s & 1) != 0 &&
                               image(s, classes.representatives[i]) == classes.representatives[i]);
+            }
+        }
     }
 }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "solver/twists.h"
+#include "solver/twisttables.h"
 
 #include <gtest/gtest.h>
 #include <string>
@@ -8,12 +9,7 @@ namespace {
 
 class Twists : public testing::Test {
   protected:
-    void SetUp() override {
-        options_init(user_options);
-        twist_lengths_init(&a_metric_length, &b_metric_length);
-        is_stage2_twist_init(is_stage2_twist);
-        twist_sequences_init(twist_list_table, a_twist_list_ptrs, b_twist_list_ptrs);
-    }
+    void SetUp() override { twist_tables_init(); }
 };
 
 // ORDER FLUBRD, columns state 0..10
@@ -64,27 +60,33 @@ TEST_F(Twists, AnUnknownMetricEndsTheProgramSilently) {
 TEST_F(Twists, AFirstStageMayEndInUInverse) {
     for (int t = 0; t < a_twist_count; t++) {
         bool listed = false;
-        for (const int b : b_to_a_twist)
+        for (const int b : b_to_a_twist) {
             listed = listed || b == t;
+        }
         EXPECT_EQ(is_stage2_twist[t], listed && t != 8) << t;
     }
 }
 
 TEST_F(Twists, SuccessionsAreThoseOfTheTable) {
-    for (int face = 0; face < 6; face++)
-        for (int state = 0; state < 11; state++)
+    for (int face = 0; face < 6; face++) {
+        for (int state = 0; state < 11; state++) {
             EXPECT_EQ(twist_list_table[face][state], expected[face][state]) << face << ' ' << state;
-    for (int t = 0; t < a_twist_count; t++)
+        }
+    }
+    for (int t = 0; t < a_twist_count; t++) {
         EXPECT_EQ(a_twist_list_ptrs[t], twist_list_table[t / 3]);
-    for (int t = 0; t < b_twist_count; t++)
+    }
+    for (int t = 0; t < b_twist_count; t++) {
         EXPECT_EQ(b_twist_list_ptrs[t], twist_list_table[b_to_a_twist[t] / 3]);
+    }
 }
 
 TEST_F(Twists, UserInterruptJumpsToTheSavedContext) {
     volatile int jumped = 0;
-    if (setjmp(jump_env) == 0)
+    if (setjmp(jump_env) == 0) {
         user_interrupt();
-    else
+    } else {
         jumped = 1;
+    }
     EXPECT_EQ(jumped, 1);
 }
