@@ -8,8 +8,16 @@ namespace {
 
 enum face_number { up_face, left_face, front_face, right_face, back_face, down_face };
 
-// Turns p about the axis through the origin and the unit vector a, counter-clockwise seen from
-// its tip (Rodrigues).
+modelpoint rearcopy(modelpoint p) {
+    const double half = std::sqrt(0.5);
+    p = turned(p, 30, {half, 0, half});
+    p = turned(p, 180, {0, 1, 0});
+    return {0.2 * (p.x + 13), 0.2 * (p.y + 23), 0.2 * (p.z + 13)};
+}
+
+} // namespace
+
+// By the formula of Rodrigues.
 modelpoint turned(modelpoint p, double degrees, modelpoint a) {
     const double angle = degrees * std::acos(-1.0) / 180;
     const double c = std::cos(angle);
@@ -19,15 +27,6 @@ modelpoint turned(modelpoint p, double degrees, modelpoint a) {
             p.y * c + (a.z * p.x - a.x * p.z) * s + a.y * along,
             p.z * c + (a.x * p.y - a.y * p.x) * s + a.z * along};
 }
-
-modelpoint rearcopy(modelpoint p) {
-    const double half = std::sqrt(0.5);
-    p = turned(p, 30, {half, 0, half});
-    p = turned(p, 180, {0, 1, 0});
-    return {0.2 * (p.x + 13), 0.2 * (p.y + 23), 0.2 * (p.z + 13)};
-}
-
-} // namespace
 
 modelpoint stickercenter(int place) {
     assert(place >= 0 && place < 54);

@@ -34,6 +34,10 @@ struct modelpoint {
     double x, y, z; // model space: x right, y up, z to the viewer, the cube is -3..3
 };
 
+// Turns p about the axis through the origin and the unit vector a, counter-clockwise seen from its
+// tip.
+modelpoint turned(modelpoint p, double degrees, modelpoint a);
+
 // The centre of the sticker at place 0..53 in model space, on the plane of its face.
 modelpoint stickercenter(int place);
 

@@ -109,12 +109,9 @@ void scramble() {
     }
 }
 
-struct axis_row {
-    double x, y, z; // unit vector about which the turn is clockwise seen from outside its face
-};
-
-// From the letter of a turn's notation and its case.
-axis_row axisof(const std::string& notation) {
+// The axis about which a turn goes clockwise seen from outside its face, from the letter of its
+// notation and the case of that.
+modelpoint axisof(const std::string& notation) {
     const char letter = notation.back();
     const double way = letter >= 'a' ? -1 : 1;
     switch (std::toupper(letter)) {
@@ -127,20 +124,9 @@ axis_row axisof(const std::string& notation) {
     }
 }
 
-// Turns p clockwise about a.
-modelpoint turned(modelpoint p, axis_row a, double degrees) {
-    const double angle = -degrees * std::acos(-1.0) / 180;
-    const double c = std::cos(angle);
-    const double s = std::sin(angle);
-    const double along = (a.x * p.x + a.y * p.y + a.z * p.z) * (1 - c);
-    return {p.x * c + (a.y * p.z - a.z * p.y) * s + a.x * along,
-            p.y * c + (a.z * p.x - a.x * p.z) * s + a.y * along,
-            p.z * c + (a.x * p.y - a.y * p.x) * s + a.z * along};
-}
-
 // Whether the cubie under sticker p takes part in the turn: by where its cell lies along the axis.
 bool takespart(const std::string& notation, modelpoint p) {
-    const axis_row a = axisof(notation);
+    const modelpoint a = axisof(notation);
     const double along = a.x * p.x + a.y * p.y + a.z * p.z;
     const double side = std::islower(static_cast<unsigned char>(notation.back())) != 0 ? -1 : 1;
     switch (notation[0]) {
@@ -198,7 +184,7 @@ TEST_F(Animation, LayerTurnsByNinetyDegreesTimesFrameOverFrames) {
             for (int place = 0; place < placecount; place++) {
                 const modelpoint home = stickercenter(place);
                 const modelpoint wanted =
-                    takespart(notation, home) ? turned(home, axisof(notation), 0.75 * t) : home;
+                    takespart(notation, home) ? turned(home, -0.75 * t, axisof(notation)) : home;
                 EXPECT_LT(distance(centers[static_cast<std::size_t>(place)], wanted), 0.0051);
             }
         }

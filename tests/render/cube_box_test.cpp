@@ -4,6 +4,7 @@
 // at as a person would, by a picture of the screen.
 #include "model/cube.h"
 #include "model/parser.h"
+#include "model/resetmodel.h"
 #include "model/turns.h"
 #include "nullshell.h"
 #include "render/animation.h"
@@ -202,9 +203,7 @@ class CubeBox : public testing::Test {
 
     void SetUp() override {
         resetshell();
-        initcubies();
-        initturns();
-        initparser();
+        resetmodel();
         demomode = 0;
         showrear = 1;
         spoilbuffer = false;
@@ -219,6 +218,16 @@ class CubeBox : public testing::Test {
         Fl::flush();
         glFinish();
         XSync(fl_display, 0);
+    }
+
+    // Leaves in glmat what OpenGL makes of the still view.
+    static void takerealmatrix() {
+        view->make_current();
+        setupeye(viewsize, viewsize);
+        PushMatrix();
+        setupcube();
+        getmatrix();
+        PopMatrix();
     }
 
     static picture seen() { return screen->screenshot(screen->place(fl_xid(view))); }
@@ -441,12 +450,7 @@ TEST_F(CubeBox, StackOfMatricesIsEvenAfterAFrame) {
 }
 
 TEST_F(CubeBox, RealMatricesProjectAsTheTwinDoes) {
-    view->make_current();
-    setupeye(viewsize, viewsize);
-    PushMatrix();
-    setupcube();
-    getmatrix();
-    PopMatrix();
+    takerealmatrix();
     for (int place = 0; place < placecount; place++) {
         const modelpoint c = stickercenter(place);
         const viewpixel wanted = project(c, false);
@@ -458,12 +462,7 @@ TEST_F(CubeBox, RealMatricesProjectAsTheTwinDoes) {
 }
 
 TEST_F(CubeBox, StandardViewIsTheStillViewOfTheRealMatrices) {
-    view->make_current();
-    setupeye(viewsize, viewsize);
-    PushMatrix();
-    setupcube();
-    getmatrix();
-    PopMatrix();
+    takerealmatrix();
     float m[4][4];
     standardview(m);
     for (int i = 0; i < 16; i++) {

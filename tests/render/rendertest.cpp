@@ -3,6 +3,7 @@
 
 #include "model/cube.h"
 #include "model/parser.h"
+#include "model/resetmodel.h"
 #include "model/turns.h"
 #include "nullgl.h"
 #include "nullshell.h"
@@ -17,9 +18,7 @@
 
 void rendertest::SetUp() {
     resetshell();
-    initcubies();
-    initturns();
-    initparser();
+    resetmodel();
     initdrawface();
     std::strcpy(colortable, "WGRBOY");
     demomode = 0;
@@ -44,6 +43,14 @@ modelpoint centerof(const listface* face) {
         c.z += corner[2] / 4;
     }
     return c;
+}
+
+void expectseenasbytwin(const float (&point)[3]) {
+    const viewpixel wanted = project({point[0], point[1], point[2]}, false);
+    float p[3] = {point[0], point[1], point[2]};
+    xformvect(p);
+    EXPECT_NEAR((p[0] + 1) * viewsize / 2, wanted.x, 1e-3);
+    EXPECT_NEAR((1 - p[1]) * viewsize / 2, wanted.y, 1e-3);
 }
 
 double distance(modelpoint a, modelpoint b) {

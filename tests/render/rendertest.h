@@ -22,6 +22,9 @@ class rendertest : public testing::Test {
 
 modelpoint centerof(const listface* face); // the average of its corners
 
+// That the matrix taken last shows a point of model space where viewpoints.h sees it.
+void expectseenasbytwin(const float (&point)[3]);
+
 double distance(modelpoint a, modelpoint b);
 
 // Draws one frame as the view does, without painting it; the records keep the order of emission.
