@@ -66,6 +66,7 @@ void rundemo() {
         takemacro(s);
         demorunning = 1;
     }
+    // Each time anew: a person may have typed into the line, and the demo shows what it plays.
     setmacroline(s);
     loadout(s);
     // Deliberate: NOT-BUGS.md, "The Singmaster form is converted by the check alone"

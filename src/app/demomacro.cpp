@@ -40,7 +40,8 @@ bool isbadpair(char a, char b) {
     return false;
 }
 
-// The turn is left out if it would undo the one before it; the letter of a slice counts as a turn.
+// The turn is left out if it would undo the one before it, for nobody wants to look at that; the
+// letter of a slice counts as a turn.
 void appendfaceturn(std::string& text, char letter) {
     if (!isbadpair(text.back(), letter)) {
         text += letter;
@@ -85,6 +86,8 @@ std::string makeupmacro() {
     }
 }
 
+// A cut inside a group would leave a bracket open; behind a whole turn it leaves at least the
+// beginning of what was meant.
 int demolength(const std::string& text) {
     const int length = static_cast<int>(text.size());
     const int room = demomacrosize - 1;

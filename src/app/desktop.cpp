@@ -43,6 +43,8 @@ std::vector<unsigned long> allicons() {
     return numbers;
 }
 
+// By class and icon a desktop tells windows apart; by host and process it can end a program that no
+// longer answers.
 void introduce(Window window) {
     static const std::vector<unsigned long> icons = allicons();
     static const char name[] = "vexel\0Vexel"; // the program and its class
@@ -79,6 +81,8 @@ void introducewindows() {
     Fl::add_check(introducenew);
 }
 
+// Both names: the newer property is the one in UTF-8, and the older one is all that some managers
+// know. A window that is transient for another stays above it and has no place of its own in lists.
 void attachwindow(Fl_Window* window, const char* name) {
     const Window id = fl_xid(window);
     setproperty(id, "_NET_WM_NAME", atom("UTF8_STRING"), 8, name, std::strlen(name));
@@ -86,6 +90,8 @@ void attachwindow(Fl_Window* window, const char* name) {
     XSetTransientForHint(fl_display, id, fl_xid(form));
 }
 
+// Asked of the manager and not taken from it: one that keeps programs from stealing the keyboard
+// looks at who asks and when the user last did something there.
 void takekeyboard() {
     XEvent event = {};
     event.xclient.type = ClientMessage;

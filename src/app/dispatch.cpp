@@ -33,6 +33,7 @@ constinit int tryhard = 0;
 
 namespace {
 
+// The turns that were done are not those of the new cube: undoing one of them would scramble it.
 void resetcube() {
     initcubies();
     initundo();
@@ -93,6 +94,7 @@ void longsolve() {
     settryhardmenu();
 }
 
+// Of the two toggles at most one is on: each sets what the other one shows.
 void verylongsolve() {
     tryhard = tryhard != 2 ? 2 : 0;
     settryhardmenu();
@@ -169,6 +171,7 @@ void runcommand(const command_row& row) {
 
 void b_cb(Fl_Widget*, long cmd) {
     needsredraw = 1;
+    // An interrupt that is still held must not start anything new.
     if (alt_q() != 0) {
         return;
     }

@@ -32,6 +32,8 @@ void takequeuedturn() {
     needsredraw = 1;
 }
 
+// An idle callback keeps the toolkit from sleeping: with nothing to do it goes, and a tenth of a
+// second is soon enough for what is asked for meanwhile.
 void waitfortimeout() {
     Fl::remove_idle(IdleFunc, nullptr);
     Fl::add_timeout(0.1, timeoutfunc, nullptr);
@@ -123,6 +125,8 @@ void restdriver() {
     }
 }
 
+// The driver comes back at once, also where it was waiting for its time: the next pass looks at
+// what the box has changed.
 void wakedriver() {
     if (--rests == 0 && resting && Fl::has_idle(IdleFunc, nullptr) == 0) {
         Fl::add_idle(IdleFunc, nullptr);

@@ -78,6 +78,7 @@ std::string lineof(const file_entry& entry) {
     return line;
 }
 
+// The root keeps its "/": it is all of its name.
 std::string withoutslash(std::string folder) {
     while (folder.size() > 1 && folder.ends_with('/')) {
         folder.pop_back();
@@ -197,6 +198,7 @@ void openchosen(question& asked) {
     }
 }
 
+// With the first line that is in sight: what is typed has brought the list there.
 void gotolist(question& asked) {
     if (!asked.entries.empty()) {
         asked.list->take_focus();
@@ -214,7 +216,8 @@ bool plainletter() {
            (Fl::event_state() & (FL_CTRL | FL_ALT | FL_META)) == 0;
 }
 
-// Each of these tells whether the key was one of its own.
+// Each of these tells whether the key was one of its own. The toolkit gets only the others: it
+// would give Enter to the button and Tab to the next widget.
 
 // The keys of the buttons beside the folder. The toolkit would move the keyboard on with them.
 bool folderkey(question& asked) {

@@ -52,7 +52,6 @@ class panelwindow : public Fl_Window {
     }
 };
 
-// Long names are cut at the button's edges; the toolkit would write over the neighbours.
 void makepanel(int x, int y) {
     macrowindow = new panelwindow(x, y, 280, 417);
     macrowindow->xclass("Vexel");
@@ -62,9 +61,10 @@ void makepanel(int x, int y) {
     heading->labelsize(20);
     for (int i = 0; i < buttoncount; i++) {
         buttons[i] = new Fl_Button(3, 30 + 24 * i, 274, 22);
+        // A long name is cut at the button's edges; else it would be written over the neighbours.
         buttons[i]->align(FL_ALIGN_CENTER | FL_ALIGN_INSIDE | FL_ALIGN_CLIP);
         buttons[i]->callback(macbut_cb, userdata(i));
-        buttons[i]->clear_visible_focus();
+        buttons[i]->clear_visible_focus(); // keys are for the main window
     }
     macrowindow->end();
 }
@@ -122,6 +122,7 @@ void macrodisplay(int x, int y) {
     }
 }
 
+// A change of the table is no reason to open a panel that its user has closed.
 void refreshmacrodisplay() {
     if (macrowindow != nullptr && macrowindow->shown() && fillpanel() == 0) {
         macrowindow->hide();

@@ -3,7 +3,7 @@
 // gizmo: the panel with a button for each macro that is marked for it.
 //
 // State     macrowindow, below. Which macros are marked is the library's showmac.
-// Callers   main and the library, through shell.h: macrodisplay, refreshmacrodisplay and
+// Callers   main, dispatch and the library, through shell.h: macrodisplay, refreshmacrodisplay and
 //           hidemacrodisplay are defined here. The toolkit calls macbut_cb.
 // Order     before the main window is shown macrodisplay does nothing: main makes the panel, where
 //           it belongs, once the window stands.

@@ -56,6 +56,8 @@ std::uint32_t colorat(point p) {
     return nothing;
 }
 
+// The mean of several points of the drawing: in the smallest icon a line is half a pixel wide, and
+// with one point would be there or not by chance. Points outside count for the transparency alone.
 std::uint32_t pixel(int x, int y, int size) {
     std::uint32_t count = 0;
     std::uint32_t sum[3] = {};

@@ -54,6 +54,7 @@ void showmacros() {
     choice->redraw();
 }
 
+// The toolkit says -1 where nothing was ever chosen.
 int chosenmacro() {
     return std::max(choice->value(), 0);
 }

@@ -60,7 +60,7 @@ void parsemacro(const char* text, int length, parse_mode mode, bool backwards) {
     } else {
         parsestring(text, length);
     }
-    parsing = direct;
+    parsing = direct; // a turn that lands is parsed, too, and must reach the cube
 }
 
 void inp_cb(Fl_Widget*, long) {

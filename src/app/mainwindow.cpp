@@ -159,6 +159,7 @@ class mainwindow : public Fl_Window {
     using Fl_Window::Fl_Window;
 
     void resize(int x, int y, int w, int h) override {
+        // Being moved is the usual case, and needs no new layout.
         const bool other = w != this->w() || h != this->h();
         Fl_Window::resize(x, y, w, h);
         if (other) {
@@ -245,12 +246,14 @@ void makeform(const char* title) {
     cube->mode(FL_DOUBLE);
     cube->end();
     form->end();
+    // Kept from here on: sizes that were rounded once more with each change would creep.
     for (int i = 0; i < form->children(); i++) {
         Fl_Widget* w = form->child(i);
         places.push_back({w, w->x(), w->y(), w->w(), w->h(), w->labelsize()});
     }
 }
 
+// What a frame will add is known only when the window stands, which is too late to fit it.
 void fitform(int screenwidth, int screenheight) {
     constexpr int sides = 8; // of a frame, about
     constexpr int titlebar = 32;

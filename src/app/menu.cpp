@@ -84,6 +84,7 @@ Fl_Menu_Item menutable[menusize] = {
 
 // clang-format on
 
+// All marks and not only the chosen one's: of the two searches one ends the other.
 void menucallback(Fl_Widget*, void* data) {
     b_cb(nullptr, numberof(data));
     setmark(113, showrear != 0);

@@ -78,7 +78,8 @@ std::string label(const char* text) {
     return boxlabel(brokenlines(text == nullptr ? "" : text));
 }
 
-// The six colour letters of an answer, in upper case; empty if it is a bad one.
+// The six colour letters of an answer, in upper case; empty if it is a bad one. Two faces of one
+// colour would make a cube that cannot be read off the screen.
 std::string colorletters(const char* answer) {
     std::string letters;
     for (int i = 0; i < cubefacecount && answer[i] != '\0'; i++) {
@@ -170,7 +171,7 @@ void showmessagewindow(const char* text, double) {
         messagewindow->border(0);
         messagewindow->end();
     }
-    std::snprintf(smessage, sizeof smessage, "%s", text);
+    std::snprintf(smessage, sizeof smessage, "%s", text); // the label points to it
     box->label(smessage);
     // Deliberate: NOT-BUGS.md, "The wait panel is off centre"
     const int x = form->x() + form->w() / 2 - 100;

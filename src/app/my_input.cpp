@@ -16,6 +16,8 @@ int my_input::handle(int event) {
     if (solvingcube != 0) { // what came into the line now would give way to the solution
         return event == FL_UNFOCUS ? Fl_Input::handle(event) : 0;
     }
+    // By what is held and not by what was pressed: any event that comes while the key is down, a
+    // repeat or a move of the mouse, steps on if the turn is over.
     if (Fl::get_key(FL_Right) != 0) {
         if (turnmode == noturn) {
             singlestepmacro();
@@ -54,6 +56,6 @@ int my_input::handle(int event) {
         return 1;
     }
     const int used = Fl_Input::handle(event);
-    loadout(value());
+    loadout(value()); // after any event: a paste changes the line without a key
     return used;
 }

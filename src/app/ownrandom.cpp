@@ -12,6 +12,8 @@ constinit char* ownstate = nullptr;  // the one it began with; null while there 
 
 } // namespace
 
+// The new stream is the libraries', not the program's: so the program goes on with the one that a
+// generator which was never seeded has, and its scrambles stay the designed ones.
 void partrandom() {
     ownstate = initstate(1, otherstate, sizeof otherstate);
 }

@@ -19,7 +19,8 @@
 
 namespace {
 
-// Returns false when Alt+Q interrupted; the steps done so far are kept.
+// Returns false when Alt+Q interrupted; the steps done so far are kept. On first use and not at the
+// start of the program: most runs never solve.
 bool initializesolver() {
     static bool initialized = false;
     if (initialized) {

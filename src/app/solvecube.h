@@ -6,7 +6,7 @@
 // Callers   dispatch, which keeps it from running twice at a time.
 //
 // It stands with the window, not with the solver: it reads the model and moves widgets, so from the
-// solver's floor every one of its includes would point upwards.
+// solver's floor nearly all of its includes would point upwards.
 #pragma once
 
 // Builds the solver's tables on first use, a step at a time with the window alive; solves the cube

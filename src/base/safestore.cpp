@@ -125,7 +125,7 @@ class workfolder {
 std::string changelocked(const std::string& path, const storechange& change) {
     removeleftovers(path);
     std::string content;
-    const std::string unread = readstore(path, content);
+    std::string unread = readstore(path, content);
     if (!unread.empty()) {
         return unread;
     }

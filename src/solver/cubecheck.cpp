@@ -63,6 +63,7 @@ const char* next_name(const char* text, char* name, std::size_t size) {
     return text;
 }
 
+// -1 for a name that is none, also for one that next_name has cut: no good name is as long.
 int find_name(const char* name, const char* const* list, int count) {
     for (int i = 0; i < count; i++) {
         if (std::strcmp(name, list[i]) == 0) {
@@ -77,7 +78,8 @@ void compose(const char* format, const char* insertion) {
     errorstring = message;
 }
 
-// The orientation is in the quotient of a name's index, the cubie in the rest.
+// The orientation is in the quotient of a name's index, the cubie in the rest. Every turn keeps the
+// sum, of edges modulo 2 and of corners modulo 3: what differs cannot be reached.
 int orientation_sum(const int* cubies, int count) {
     int sum = 0;
     for (int i = 0; i < count; i++) {
@@ -138,6 +140,9 @@ int parse_cubies(const cubie_names& names, cube_struc& cube) {
     return edge_count + corner_count;
 }
 
+// A twin ends the check: what the sums and the parities of a cube with one would say is no cure.
+// The other three faults are independent, and the message of the last one stands: to mend one of
+// them never makes another.
 int check_cube(cube_struc& cube) {
     // 1. The other readings of every cubie.
     for (int i = 0; i < edge_count; i++) {

@@ -13,6 +13,7 @@ namespace {
 
 std::uint16_t class_by_least[edge_class_count]; // the classes in order of their representatives
 
+// By value and not by twist, as the move table has it: a search tries all twists of one value.
 void find_corner_steps() {
     for (int t = 0; t < a_twist_count; t++) {
         for (int x = 0; x < a_corner_size; x++) {
@@ -39,7 +40,7 @@ void find_class_steps(const std::vector<classified>& of) {
         const int eloc = edge_class_edges[c] % a_eloc_size;
         for (int t = 0; t < a_twist_count; t++) {
             const int x = twist_on_eflip_ptrs[t][eflip] * a_eloc_size + twist_on_eloc_ptrs[t][eloc];
-            assert(eflip_eloc_dist_table[x] < 16);
+            assert(eflip_eloc_dist_table[x] < 16); // it shares a byte with the symmetry
             edge_class_steps[c].edge_class[t] = class_by_least[of[x].number];
             edge_class_steps[c].rest[t] = static_cast<std::uint8_t>(
                 of[x].symmetry + symmetry_count * eflip_eloc_dist_table[x]);
@@ -60,6 +61,8 @@ int symmetry_on_edges(int symmetry, int a_edges) {
            symmetry_on_eloc[eloc][symmetry];
 }
 
+// No table of all million values: the few that begin a search can wait for sixteen images and a
+// bisection.
 classified_edges classify_edges(int a_edges) {
     int least = a_edges;
     int symmetry = 0;
@@ -78,7 +81,7 @@ classified_edges classify_edges(int a_edges) {
 
 void edge_classes_init() {
     if (edge_class_edges[0] != 0) {
-        return;
+        return; // the goal, class 0, is a_eloc_goal and not 0
     }
     symmetry_tables_init();
     assert(metric == quarter_turn_metric);

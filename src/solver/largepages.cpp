@@ -22,6 +22,8 @@ void ask_for_large_pages() {
         return;
     }
     auto bytes = static_cast<std::size_t>(_end - __bss_start);
+    // The large pages that lie wholly inside: what else shares the first and the last is left
+    // alone.
     if (std::align(large_page, large_page, begin, bytes) != nullptr) {
         (void)madvise(begin, bytes / large_page * large_page, MADV_HUGEPAGE);
     }

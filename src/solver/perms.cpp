@@ -16,6 +16,8 @@ void perm_n_unpack(int n, int index, int* perm) {
     }
 }
 
+// Ranks in lexicographic order, one digit a place in the base of what is left (Lehmer): counting is
+// quick enough, since tables are built once and a search packs only where it begins.
 int perm_n_pack(int n, const int* perm) {
     int index = 0;
     for (int i = 0; i < n; i++) {
@@ -28,7 +30,7 @@ int perm_n_pack(int n, const int* perm) {
 }
 
 int check_perm_n(int n, const int* perm) {
-    unsigned seen = 0;
+    unsigned seen = 0; // n different numbers below n are all of them
     for (int i = 0; i < n; i++) {
         if (perm[i] < 0 || perm[i] >= n) {
             return 1;
@@ -62,6 +64,7 @@ void four_cycle(int* p, int a, int b, int c, int d) {
     two_cycle(p, c, d);
 }
 
+// The same permutation where each place i is called q[i].
 void conjugate_perm_n(int n, const int* p, const int* q, int* out) {
     for (int i = 0; i < n; i++) {
         out[q[i]] = q[p[i]];

@@ -69,6 +69,7 @@ int twist_on_eloc(int face, int index) {
     return a_eloc_pack(flags);
 }
 
+// The functions of the interface by face, so that one loop fills a table.
 using twist_function = int (*)(int);
 
 // ORDER FLUBRD
@@ -80,6 +81,8 @@ constexpr twist_function on_eflip[] = {a_twist_f_on_eflip, a_twist_l_on_eflip, a
 constexpr twist_function on_eloc[] = {a_twist_f_on_eloc, a_twist_l_on_eloc, a_twist_u_on_eloc,
                                       a_twist_b_on_eloc, a_twist_r_on_eloc, a_twist_d_on_eloc};
 
+// Only the quarter turns are worked out on unpacked cubes; the other twelve rows are looked up from
+// them, which is quicker.
 void fill_twist_table(const twist_function* twists, int* table, int** ptrs, int size) {
     point_rows(table, ptrs, a_twist_count, size);
     for (int x = 0; x < size; x++) {
@@ -109,7 +112,7 @@ void a_corner_unpack(int index, int* twists) {
         index /= 3;
         sum += twists[i];
     }
-    twists[corners - 1] = 2 * sum % 3;
+    twists[corners - 1] = 2 * sum % 3; // what makes the sum a multiple of three
 }
 
 int a_corner_pack(const int* twists) {
@@ -127,7 +130,7 @@ void a_eflip_unpack(int index, int* flips) {
         index /= 2;
         sum += flips[i];
     }
-    flips[edges - 1] = sum % 2;
+    flips[edges - 1] = sum % 2; // what makes the sum even
 }
 
 int a_eflip_pack(const int* flips) {
@@ -152,6 +155,8 @@ int a_eloc_pack(const int* flags) {
     return eloc_unconv[mask];
 }
 
+// In lexicographic order, so that the last set is that of the last four positions: the middle
+// slice, and a_eloc_goal.
 void number_foursets(int positions, int size, int* conv, int* unconv, const char* too_many) {
     std::fill(conv, conv + size, 0);
     std::fill(unconv, unconv + (1 << positions), 0);

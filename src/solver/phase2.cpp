@@ -120,7 +120,8 @@ int generator_on_midperm(int face, const int* from) {
     return perm_n_pack(slice_edges, perm);
 }
 
-// The ten rows of stage 2 from the six generators; ORDER STAGE2.
+// The ten rows of stage 2 from the six generators; ORDER STAGE2. Permutations are gone through in
+// the order of their ranks, so that none has to be unpacked.
 template <int things, typename entry, typename twist_function>
 void fill_stage2_rows(entry** ptrs, int size, twist_function twist) {
     int perm[things]; // of rank x
@@ -230,6 +231,8 @@ void twist_on_sliceedge_init(std::uint16_t* table, std::uint16_t** ptrs) {
     complete_twist_rows(ptrs, sliceedge_size);
 }
 
+// The edges of the first half are the even ones of the eight, those of the second the odd ones: the
+// labels say which of its four each is.
 int combine_halfedgeperm(const int* first, const int* second, int* out) {
     for (int i = 0; i < layer_edges; i++) {
         if (first[i] != 0 && second[i] != 0) {
@@ -245,6 +248,8 @@ int combine_halfedgeperm(const int* first, const int* second, int* out) {
     return 0;
 }
 
+// A sequence of stage 1 ends with every slice edge in the slice: what is marked impossible, here
+// and in the tables below, is never looked up.
 void sliceedge_to_halfedgeperm_init(int* table) {
     halfedgeloc_conv_init(halfedgeloc_conv, halfedgeloc_unconv);
     for (int x = 0; x < sliceedge_size; x++) {
@@ -257,7 +262,7 @@ void sliceedge_to_halfedgeperm_init(int* table) {
 // Four positions and four others overlap unless they are all eight, so that of the 1680 partners
 // of a half only the 24 on the complementary positions are worth combining.
 void half_to_edgeperm_init(std::uint16_t* table, std::uint16_t** ptrs) {
-    static int labels[halfedgeperm_size][layer_edges];
+    static int labels[halfedgeperm_size][layer_edges]; // 54 kB: much for a stack
     point_rows(table, ptrs, halfedgeperm_size, halfedgeperm_size);
     std::fill(table, table + halfedgeperm_size * halfedgeperm_size, std::uint16_t{impossible});
     for (int h = 0; h < halfedgeperm_size; h++) {
@@ -275,6 +280,7 @@ void half_to_edgeperm_init(std::uint16_t* table, std::uint16_t** ptrs) {
     }
 }
 
+// With all four in the slice only their order is left of the number, and that is the permutation.
 void sliceedge_to_midperm_init(int* table) {
     for (int x = 0; x < sliceedge_size; x++) {
         int labels[edges];

@@ -45,6 +45,7 @@ template <typename image_function, typename x_entry, typename y_entry> class cla
             for (int number = 0; number < rows; number++) {
                 complete(number, d);
             }
+            // A walk outwards costs as much as the layer is large, one backwards as what is left.
             const bool many = left > rows * y_size / 2;
             for (int number = 0; number < rows; number++) {
                 if (many) {
@@ -178,6 +179,7 @@ constinit std::uint8_t* mid_edgeperm_dist_ptrs[b_midperm_size] = {};
 void a_corner_eflip_dist_init(std::uint8_t* table, std::uint8_t** ptrs) {
     symmetry_tables_init();
     point_rows(table, ptrs, a_corner_size, a_eflip_size);
+    // Under the other symmetries what a flip becomes depends on a_eloc, which is not known here.
     const symmetry_classes classes = classes_of_corner(even_symmetries);
     const auto twists = stage1_twists();
     class_fill fill(
@@ -209,7 +211,7 @@ void a_eflip_eloc_dist_init(std::uint8_t* table, std::uint8_t** ptrs) {
         classes, a_eflip_size, [](int s, int x, int y) { return symmetry_on_eflip(s, x, y); },
         twist_on_eloc_ptrs, twist_on_eflip_ptrs, a_metric_length, twists);
     fill.run(a_eloc_goal, 0);
-    fill.copy(table, 1, a_eloc_size);
+    fill.copy(table, 1, a_eloc_size); // the rows of the table are the flips
 }
 
 void b_cornerperm_dist_init(int* table) {

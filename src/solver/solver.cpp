@@ -24,7 +24,7 @@ void distances_of_stage2_edges() {
 }
 
 void first_options() {
-    ask_for_large_pages();
+    ask_for_large_pages(); // before a table is written, and so has pages
     options_init(user_options);
 }
 
@@ -68,6 +68,7 @@ void setsearchdepth(int n) {
     solvedepth = n;
 }
 
+// The text is judged here whoever it comes from: the search believes what it is given.
 const char* my_user_enters_cube(const char* text) {
     outputstring[0] = '\0';
     cubie_names names;

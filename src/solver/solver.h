@@ -3,7 +3,7 @@
 // solver: what the rest of the program needs of this room. Numbers in, a text out.
 //
 // State     the step counter of the initialisation, private.
-// Callers   solvecube (src/app), vexel-solve, the bench.
+// Callers   solvecube (src/app), vexel-solve, vexel-macro, the bench.
 // Order     initializesolve until it returns 1, then my_user_enters_cube as often as wanted.
 #pragma once
 

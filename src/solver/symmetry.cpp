@@ -29,6 +29,8 @@ int face_of(char letter) {
                             face_letters);
 }
 
+// From the faces the rest follows: a position is known by the faces that it lies on, a twist by its
+// face. So the three generators are all that could be mistyped.
 void find_face_images() {
     for (int s = 0; s < symmetry_count; s++) {
         for (int face = 0; face < twist_face_count; face++) {
@@ -84,12 +86,13 @@ void find_position_images() {
 void find_twist_images() {
     for (int s = 0; s < symmetry_count; s++) {
         for (int t = 0; t < a_twist_count; t++) {
-            const int turn = s & mirror_bit ? 2 - t % 3 : t % 3;
+            const int turn = s & mirror_bit ? 2 - t % 3 : t % 3; // clockwise is mirrored, too
             symmetry_on_twist[s][t] = static_cast<std::uint8_t>(3 * face_images[s][t / 3] + turn);
         }
     }
 }
 
+// Sets of 18 twists in three parts of six: one table for all of them would have 2^18 rows.
 void find_images_of_twist_sets() {
     constexpr int part_twists = 6;
     for (int s = 0; s < symmetry_count; s++) {

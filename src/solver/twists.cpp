@@ -82,6 +82,8 @@ constinit const int* b_twist_list_ptrs[b_twist_count] = {};
 
 std::jmp_buf jump_env;
 
+// Half turns count two, since that is how the window counts and animates them. Solutions of one
+// cube then all have one parity, hence the increment.
 void options_init(option_struc& options) {
     options = {quarter_turn_metric, 0};
     metric = options.metric;
@@ -141,6 +143,8 @@ void twist_sequences_init(int (*table)[sequence_state_count], const int** a_ptrs
     }
 }
 
+// What leads here is a mistake of the program, which no user can mend: the caller's line is what
+// tells it, in a debugger.
 void exit_w_error_message([[maybe_unused]] const char* message) {
     std::exit(1);
 }

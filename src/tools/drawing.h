@@ -5,7 +5,7 @@
 // State     a lot is the caller's. The same seed draws the same cubes on every machine: the
 //           generator is the library's, defined to the bit, and what is made of its numbers is done
 //           here, for the library's distributions differ from one library to the next.
-// Callers   vexel-macro.
+// Callers   vexel-macro; vexel-solve, for a cube to warm up on.
 #pragma once
 
 #include <cstdint>

@@ -7,6 +7,7 @@
 
 namespace {
 
+// A value must not end its cell or its row; the escapes can be undone, as the backslash is one.
 std::string celltext(std::string_view value) {
     std::string text;
     for (const char c : value) {
@@ -20,7 +21,8 @@ std::string celltext(std::string_view value) {
     return text;
 }
 
-// One byte of a text; more than one are a character already.
+// One byte of a text; more than one are a character already. A byte above ASCII that stands alone
+// belongs to no character, and JSON must be UTF-8: a whole line would be refused for it.
 void appendjson(std::string& text, char c) {
     if (c == '"' || c == '\\') {
         text += '\\';
@@ -67,6 +69,7 @@ std::string jsonvalue(const field& f) {
 std::string tablerow(const std::vector<field>& fields) {
     std::string row;
     for (const field& f : fields) {
+        // The first value may be empty: that the row is does not yet say that it begins.
         row += (row.empty() && &f == fields.data() ? "" : "\t") + celltext(f.value);
     }
     return row + "\n";

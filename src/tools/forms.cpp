@@ -23,7 +23,7 @@ namespace {
 
 constexpr std::string_view blanks = " \t\n\v\f\r";
 constexpr std::size_t cubiecount = edgecount + cornercount;
-constexpr std::size_t surelycubies = 12; // words
+constexpr std::size_t surelycubies = 12; // words of two or three letters: nobody writes moves so
 
 // ORDER FACELET: the faces U R F D L B as they follow each other in a text, by number.
 constexpr int faceletfaces[cubefacecount] = {0, 3, 2, 5, 1, 4};
@@ -101,8 +101,12 @@ facelet_text faceletsof(std::string_view text) {
     return facelets;
 }
 
+constexpr std::size_t centreat(int face) {
+    return static_cast<std::size_t>(face) * faceplaces + 4;
+}
+
 char centreof(const std::string& letters, int face) {
-    return letters[static_cast<std::size_t>(face * faceplaces + 4)];
+    return letters[centreat(face)];
 }
 
 bool sixcentres(const std::string& letters) {
@@ -127,7 +131,9 @@ bool ninetimes(const std::string& letters, char letter) {
     return std::count(letters.begin(), letters.end(), letter) == faceplaces;
 }
 
-// Written in one word, or in words of whole faces.
+// Written in one word, or in words of whole faces. Six centres are enough, and so are nine of each
+// letter: what has a slip in the other is still told as facelets, where the slip can be named.
+// Three letters in both cases are a macro's.
 bool looklikefacelets(std::string_view text) {
     if (text.size() < placecount || text.size() > 2 * placecount) {
         return false;
@@ -150,7 +156,8 @@ bool looklikefacelets(std::string_view text) {
             }));
 }
 
-// Each letter must be that of a centre, and none come a tenth time.
+// Each letter must be that of a centre, and none come a tenth time. After the centres have been
+// found good: which letters there may be is known by them alone.
 bool checkletters(const line_part& part, const facelet_text& facelets, read_line& to) {
     int seen[UCHAR_MAX + 1] = {};
     for (std::size_t i = 0; i < placecount; i++) {
@@ -173,7 +180,7 @@ bool checkletters(const line_part& part, const facelet_text& facelets, read_line
 bool checkcentres(const line_part& part, const facelet_text& facelets, read_line& to) {
     for (int face = 0; face < cubefacecount; face++) {
         const char letter = centreof(facelets.letters, face);
-        const std::size_t at = facelets.at[static_cast<std::size_t>(face * faceplaces + 4)];
+        const std::size_t at = facelets.at[centreat(face)];
         if (!isletter(letter)) {
             return refuse(to, columnin(part, at), quoted(letter) + " is no letter");
         }
@@ -211,7 +218,8 @@ unsigned char colorof(const std::string& letters, char letter) {
     return static_cast<unsigned char>(faceletfaces[face]);
 }
 
-// That a cube can be turned into the colours.
+// That a cube can be turned into the colours. The model is asked, which knows what cubies they make
+// and where the centres are; the solver's check knows names only.
 bool checkcubies(read_line& to) {
     makecube(to);
     return sanitycheckcube(cubiestext().c_str()) != 0 || refuse(to, 0, geterrorstring());
@@ -293,7 +301,8 @@ bool readcubies(const line_part& part, read_line& to) {
     return true;
 }
 
-// Of words that may be moves of two letters, too, few are refused with both ways out.
+// Of words that may be moves of two letters, too, few are refused with both ways out: "UF UR" is a
+// cube begun or four moves, and the wrong guess would be a wrong answer.
 bool readlikelycubies(const line_part& part, read_line& to) {
     const std::size_t words = wordsof(part.text).size();
     if (words < surelycubies) {
@@ -315,8 +324,9 @@ bool refusemisfit(const line_part& part, const misfit& bad, read_line& to) {
     return refuse(to, columnin(part, bad.at), bad.why);
 }
 
+// What is read here but lost in the window is worth a word: the two would make different cubes.
 void notedropped(const line_part& part, read_line& to) {
-    constexpr std::size_t mosttold = 20;
+    constexpr std::size_t mosttold = 20; // of a line that may have millions
     const std::vector<std::size_t> dropped = droppedbywindow(part.text);
     for (std::size_t i = 0; i < std::min(dropped.size(), mosttold); i++) {
         const std::size_t at = dropped[i];
@@ -375,6 +385,8 @@ void notelength(const line_part& part, read_line& to) {
     }
 }
 
+// The forms with more to tell them by come first. Between a macro and moves the macro wins, since
+// that is how the window reads what is typed there.
 bool readany(const line_part& part, read_line& to) {
     misfit asmacro = {};
     misfit asmoves = {};
@@ -443,10 +455,11 @@ std::string faceletstext() {
     return text;
 }
 
+// The listing is that of the cube held as the solver wants it; the model keeps its own colours.
 std::string cubiestext() {
     muckcube();
     std::string text = dumpcube();
     unmuckcube();
-    text.pop_back();
+    text.pop_back(); // the blank behind the last name
     return text;
 }

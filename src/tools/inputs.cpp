@@ -12,6 +12,7 @@ std::string placeof(const asked_line& line) {
            std::to_string(line.number);
 }
 
+// An overlong line has an empty text, which may be a good macro: its length decides.
 bool readasked(const asked_line& line, int form, read_line& to) {
     const bool good = readform(line.text, static_cast<line_form>(form), to);
     if (line.overlong) {
@@ -77,7 +78,7 @@ bool eachlineof(const std::string& file, const std::function<void(const asked_li
     }
     while (true) {
         while (!lineready(reader)) {
-            wait(reader);
+            wait(reader); // here and not in nextline: answers of jobs come in meanwhile
             readmore(reader);
         }
         input_line line;
@@ -95,6 +96,7 @@ bool eachlineof(const std::string& file, const std::function<void(const asked_li
 
 } // namespace
 
+// A bad file does not end the work, as with other filters: the others are still answered.
 bool eachline(const std::vector<std::string>& files,
               const std::function<void(const asked_line&)>& take,
               const std::function<void(const line_reader&)>& wait) {

@@ -19,7 +19,9 @@
 
 namespace {
 
-constexpr std::size_t jobsahead = 64; // answers that may wait, for each worker
+// Answers that may wait, for each worker: enough for the others to go on while one cube takes long,
+// and a bound for the memory where it takes very long.
+constexpr std::size_t jobsahead = 64;
 
 struct worker {
     pid_t process;
@@ -41,7 +43,8 @@ constinit std::size_t firstwaiting = 0;
 constinit bool allgood = true;
 constinit pid_t master = 0; // in a worker: who started it
 
-// Between master and worker, both of which are this program: a head and two texts.
+// Between master and worker: a head and two texts. Both are this program, forked, so numbers go as
+// they lie in memory.
 struct message_head {
     std::size_t number;
     std::size_t sizes[2];
@@ -51,6 +54,7 @@ struct message_head {
 bool sendbytes(int channel, const void* bytes, std::size_t size) {
     const char* rest = static_cast<const char*>(bytes);
     while (size > 0) {
+        // A worker that is gone is an error to be told, not a signal that ends the master.
         const ssize_t sent = send(channel, rest, size, MSG_NOSIGNAL);
         if (sent < 0 && errno != EINTR) {
             return false;
@@ -117,7 +121,7 @@ bool receivemessage(int channel, message& m) {
             break;
         }
     }
-    _exit(all_good);
+    _exit(all_good); // not exit: what would be flushed and undone there is the master's
 }
 
 [[noreturn]] void giveup(const std::string& why) {
@@ -138,13 +142,15 @@ bool receivemessage(int channel, message& m) {
     giveup("a job ended unexpectedly");
 }
 
-// The channels of the workers before it are not for this one: it would keep them open.
+// The channels of the workers before it are not for this one: it would keep them open, and they
+// would never see the end of their input.
 worker startworker(const answer_function& answer) {
     int ends[2];
     if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0) {
         giveup(std::string("cannot start a job: ") + std::strerror(errno));
     }
-    const pid_t self = getpid();
+    const pid_t self =
+        getpid(); // now: after the fork the master may be gone, and its number with it
     const pid_t process = fork();
     if (process < 0) {
         giveup(std::string("cannot start a job: ") + std::strerror(errno));
@@ -171,6 +177,7 @@ void writeready() {
     flushanswers();
 }
 
+// Which line it is about was noted when it was given: a worker has one at a time.
 void takeanswer(worker& from) {
     message found;
     if (!receivemessage(from.channel, found)) {
@@ -186,8 +193,9 @@ void takeanswer(worker& from) {
 // none that is waited for.
 bool takeanswers(int input) {
     std::vector<pollfd> polled;
+    polled.reserve(workers.size() + 1);
     for (const worker& w : workers) {
-        polled.push_back({w.busy ? w.channel : -1, POLLIN, 0});
+        polled.push_back({w.busy ? w.channel : -1, POLLIN, 0}); // poll passes -1 over
     }
     polled.push_back({input, POLLIN, 0});
     while (poll(polled.data(), polled.size(), -1) < 0) {
@@ -243,6 +251,7 @@ bool endjobs() {
     while (!waiting.empty()) {
         takeanswers(-1);
     }
+    // First all of the channels, then all of the ends: so they end side by side.
     for (const worker& w : workers) {
         close(w.channel);
     }

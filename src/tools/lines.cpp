@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr std::size_t portion = 1 << 16;          // bytes read at a time
+constexpr std::size_t portion = 1 << 16;          // bytes read at a time; a pipe holds as many
 constexpr std::size_t keptback = 1 << 16;         // bytes of answers
 constexpr std::string_view mark = "\xef\xbb\xbf"; // U+FEFF, which some editors put before a text
 
@@ -22,6 +22,7 @@ std::string answers;
 
 } // namespace
 
+// A terminal that is named as a file must not become the one that can interrupt us: O_NOCTTY.
 bool openlines(line_reader& reader, const char* path) {
     const bool standard = std::string_view(path) == "-";
     reader = {};
@@ -39,7 +40,8 @@ void closelines(line_reader& reader) {
 
 namespace {
 
-// Where the next newline is, npos if none has been read. What has been searched is remembered.
+// Where the next newline is, npos if none has been read. What has been searched is remembered: a
+// line of megabytes comes in portions, and would be searched from its beginning with each.
 std::size_t findnewline(line_reader& reader) {
     const std::size_t found = reader.held.find('\n', reader.searched);
     reader.searched = found == std::string::npos ? reader.held.size() : found;
@@ -58,6 +60,8 @@ bool lineready(line_reader& reader) {
     return reader.ended || findnewline(reader) != std::string::npos;
 }
 
+// A line that grows beyond all use is forgotten as it comes, so that a file of one endless line
+// takes no more memory than any other.
 void readmore(line_reader& reader) {
     dropheld(reader);
     if (reader.held.size() > longestline) {
@@ -80,9 +84,10 @@ void readmore(line_reader& reader) {
     }
 }
 
+// The last line of a file counts without its newline, too.
 bool nextline(line_reader& reader, input_line& line) {
     while (!lineready(reader)) {
-        flushanswers();
+        flushanswers(); // the read may wait for somebody who waits for these
         readmore(reader);
     }
     const std::size_t newline = findnewline(reader);
@@ -113,6 +118,8 @@ void put(std::string_view text) {
 
 namespace {
 
+// A reader that has had enough, as "head" has, is no failure: the program ends as filters do there,
+// by the signal, also where it was started with the signal ignored.
 [[noreturn]] void endunwritten(int reason) {
     if (reason == EPIPE) {
         std::signal(SIGPIPE, SIG_DFL);

@@ -15,7 +15,8 @@ void nameprogram(const char* argv0) {
     programname = slash != nullptr ? slash + 1 : argv0 == nullptr ? "" : argv0;
 }
 
-// open() takes the lowest number that is free, which is the one that was found closed.
+// open() takes the lowest number that is free, which is the one that was found closed. Each is
+// opened for what it is not used for, so that using it fails.
 void keepstandardfiles() {
     for (int file = STDIN_FILENO; file <= STDERR_FILENO; file++) {
         if (fcntl(file, F_GETFD) == -1) {
@@ -29,6 +30,7 @@ void keepstandardfiles() {
 
 namespace {
 
+// A file or an argument may hold what moves a cursor or sets a title: no terminal gets it as it is.
 void appendescaped(std::string& to, char c) {
     switch (c) {
     case '\t': to += "\\t"; return;

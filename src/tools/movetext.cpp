@@ -18,12 +18,13 @@ constexpr int nopiece = -1;
 
 struct book_letter {
     char letter;
-    bool lone;        // shows that the text is no macro with blanks
-    signed char code; // the clockwise turn
-    signed char also; // and one of a second layer with it, or noturn
+    bool lone; // shows that the text is no macro with blanks
+    int code;  // the clockwise turn
+    int also;  // and one of a second layer with it, or noturn
 };
 
-// ORDER TURN is where the codes come from.
+// ORDER TURN is where the codes come from. The small letters stand letterfaces rows behind their
+// capitals: the layers of "Uw" are those of "u".
 constexpr book_letter book_table[] = {
     {'U', false, 0,  noturn},
     {'D', false, 2,  noturn},
@@ -51,6 +52,7 @@ constexpr int letterfaces = 6;
 constexpr std::string_view apostrophes[] = {"'", "\xe2\x80\x99", "\xe2\x80\xb2"};
 constexpr std::string_view blanks[] = {" ", "\t", "\v", "\f", "\r", "\xc2\xa0"};
 
+// By character: a line of megabytes asks this for each of its letters.
 constexpr auto booktable = [] {
     std::array<signed char, UCHAR_MAX + 1> table{};
     table.fill(nopiece);
@@ -97,7 +99,8 @@ void skipblanks(text_place& at) {
     }
 }
 
-// The digits that stand here, without zeros in front; "1" if there are none.
+// The digits that stand here, without zeros in front; "1" if there are none. They stay digits: a
+// count may be of any size, and nothing is reckoned with it here.
 std::string readcount(text_place& at) {
     const std::size_t from = at.i;
     while (isdecimal(here(at))) {
@@ -186,7 +189,8 @@ bool readcounted(text_place& at, bool strict, move_text& to, std::vector<open_gr
     return opengroup(to, open, at, std::move(count), bad);
 }
 
-// A character of a macro, or two of a pair, or a count with its bracket.
+// A character of a macro, or two of a pair, or a count with its bracket. A small letter of the
+// table is a turn back here, and a wide turn in books.
 bool readsymbol(text_place& at, bool strict, move_text& to, std::vector<open_group>& open,
                 misfit& bad) {
     const char c = here(at);
@@ -238,7 +242,8 @@ struct book_reading {
     std::size_t lonewide; // the first wide turn that was told by its case alone, or npos
 };
 
-// The "2" and the apostrophe behind a move: how many quarters, negative for back.
+// The "2" and the apostrophe behind a move: how many quarters, negative for back. Books have them
+// in either order.
 int readquarters(book_reading& book) {
     text_place& at = book.at;
     bool back = skipone(at, apostrophes);
@@ -274,7 +279,7 @@ void readmove(book_reading& book, const book_letter& letter, move_text& to) {
     }
 }
 
-// The count and the apostrophe behind a group.
+// The count and the apostrophe behind a group, in either order like those of a move.
 void readrounds(book_reading& book, piece& group, std::string& count) {
     text_place& at = book.at;
     group.inverted = skipone(at, apostrophes);

@@ -31,7 +31,8 @@ constexpr const char* upperbooknames[] = {
 };
 
 // Goes through the pieces in the order in which they are done, groups once. begin and end get the
-// rounds of a group.
+// rounds of a group. The groups around the place are a list and not calls, since they may be
+// nested very deep. Backwards through a group that is inverted is forwards again, hence the steps.
 template <class turn_function, class begin_function, class end_function>
 void walk(const move_text& moves, bool inverse, turn_function turn, begin_function begin,
           end_function end) {
@@ -82,7 +83,7 @@ std::string macrotext(const move_text& moves, bool inverse) {
 
 namespace {
 
-// The number of a count, or most if it is larger.
+// The number of a count, or most if it is larger: no number holds all that digits can say.
 std::size_t roundsupto(const std::string& count, std::size_t most) {
     std::size_t rounds = 0;
     for (const char digit : count) {
@@ -93,6 +94,8 @@ std::size_t roundsupto(const std::string& count, std::size_t most) {
 
 } // namespace
 
+// Each group is written once and then copied behind itself. One that would pass the limit is not
+// copied: groups in groups would fill the memory before the end could be told.
 bool expandedmacro(const move_text& moves, std::size_t limit, std::string& to) {
     struct mark {
         std::size_t length; // of the text before the group
@@ -171,7 +174,8 @@ std::string twice(std::string name) {
     return name.insert(name.back() == '\'' ? name.size() - 1 : name.size(), "2");
 }
 
-// A face and its slice, once or twice, make one wide turn; all else goes by twos and ones.
+// A face and its slice, once or twice, make one wide turn; all else goes by twos and ones. Face and
+// slice must come equally often, or the wide turn would take a layer along too far.
 void writecodes(book_writing& to) {
     const std::vector<int>& codes = to.codes;
     for (std::size_t i = 0; i < codes.size();) {
