@@ -50,7 +50,7 @@ void loadfile(benchmark::State& state) {
         file << macroname(i) << "\nRlUUrLFFRlUUrLFF\n";
     }
     file.close();
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         initlibrary();
         loadmacrofile(path.c_str());
     }
@@ -68,7 +68,7 @@ void readstore(benchmark::State& state) {
         file << "gizmo" << i << ":" << i % 2 << "\n";
     }
     file.close();
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         initlibrary();
         readprefs();
     }

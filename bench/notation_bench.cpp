@@ -47,7 +47,7 @@ void sizes(benchmark::internal::Benchmark* bench) {
 void checkandcount(benchmark::State& state) {
     const std::string text = randommacro(static_cast<size_t>(state.range(0)));
     const int length = static_cast<int>(text.size());
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         if (sanitycheckmacro(text.data(), length) != 1 || maclen(text.data(), length) < 0) {
             state.SkipWithError("the macro is not good");
         }
@@ -62,7 +62,7 @@ void parsedirectly(benchmark::State& state) {
     const std::string text = randommacro(static_cast<size_t>(state.range(0)));
     initcubies();
     parsing = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         parsestring(text.data(), static_cast<int>(text.size()));
     }
     state.SetComplexityN(static_cast<int64_t>(text.size()));
@@ -73,7 +73,7 @@ BENCHMARK(parsedirectly)->Apply(sizes);
 void queuefull(benchmark::State& state) {
     const std::string text(999, 'R');
     parsing = 1;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         if (parsestring(text.data(), static_cast<int>(text.size())) != 999) {
             state.SkipWithError("the queue did not take 999 turns");
         }
@@ -86,7 +86,7 @@ BENCHMARK(queuefull)->Unit(benchmark::kMicrosecond);
 void queuegroups(benchmark::State& state) {
     const std::string text = "999(999(RU*F>Ld))";
     parsing = 1;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         if (parsestring(text.data(), static_cast<int>(text.size())) != 999) {
             state.SkipWithError("the queue did not take 999 turns");
         }
@@ -97,7 +97,7 @@ void queuegroups(benchmark::State& state) {
 BENCHMARK(queuegroups)->Unit(benchmark::kMicrosecond);
 
 void orderofru(benchmark::State& state) {
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         if (calcorder("RU") != 105) {
             state.SkipWithError("the order is not 105");
         }

@@ -49,7 +49,7 @@ void frame(benchmark::State& state) {
     emit();
     paint();
     const long before = heapcalls();
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         ttime = (ttime + 1) % (frames - 1); // never the last frame, which would land the turn
         emit();
         paint();
@@ -73,7 +73,7 @@ void repaint(benchmark::State& state) {
     ttime = 40;
     emit();
     paint();
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         paintedcount = 0;
         nongldisplay();
     }
