@@ -3,6 +3,7 @@
 
 #include "app/demo.h"
 #include "app/mainwindow.h"
+#include "app/menuguard.h"
 #include "model/parser.h"
 #include "model/turns.h"
 #include "render/cube_box.h"
@@ -135,6 +136,7 @@ void wakedriver() {
 
 // An open menu runs the toolkit's loop as a box does, but tells nobody. It grabs the mouse.
 void watchmenus(void*) {
+    guardmenu();
     const bool open = Fl::grab() != nullptr;
     if (open != inmenu) {
         inmenu = open;

@@ -24,7 +24,8 @@ void timeoutfunc(void*); // brings IdleFunc back after a quiet tenth of a second
 void restdriver();
 void wakedriver();
 
-void watchmenus(void*); // the toolkit's check, at each turn of its loop: rests while a menu is open
+// The toolkit's check, at each turn of its loop: rests while a menu is open, and guards it.
+void watchmenus(void*);
 
 void finishturn(); // ends the turn in progress at once: it is applied, its frames are skipped
 

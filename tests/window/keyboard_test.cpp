@@ -4,8 +4,10 @@
 #include "window/layout.h"
 #include "window/windowtest.h"
 
+#include <X11/Xlib.h>
 #include <X11/keysym.h>
 
+#include <csignal>
 #include <functional>
 
 namespace {
@@ -52,6 +54,8 @@ class Keyboard : public windowtest {
         }
         return marked;
     }
+
+    bool running() { return vexel.child().running(); }
 
     // Walks from F10 to the entry and waits until it is marked.
     void walkto(const std::string& entry) const {
@@ -132,6 +136,101 @@ TEST_F(Keyboard, F10AndTheArrowsReachTheOthers) {
     ASSERT_NO_FATAL_FAILURE(choosebykeys("Delete All Macros"));
     ASSERT_NO_FATAL_FAILURE(choosebykeys("Quit"));
     EXPECT_EQ(vexel.child().waitexit(30), std::optional<int>(0));
+}
+
+// The toolkit forgets the marked row when the mouse leaves, and would read behind its tables.
+TEST_F(Keyboard, NoKeyInAMenuThatTheMouseHasLeftDoesHarm) {
+    const rectangle r = screen.place(vexel.window());
+    for (const unsigned long key : {XK_Up, XK_BackSpace, XK_ISO_Left_Tab, XK_Tab, XK_Down, XK_Left,
+                                    XK_Right, XK_Home, XK_Page_Up, XK_space}) {
+        for (const rectangle place : {
+                 choiceplace, rectangle{10, 4, 20, 14}
+        }) {
+            SCOPED_TRACE(testing::Message() << XKeysymToString(key) << " at " << place.x);
+            screen.click(r.x + place.x + place.w / 2, r.y + place.y + place.h / 2);
+            ASSERT_TRUE(waitfor(10, [this] { return !menus().empty(); }));
+            screen.movemouse(screenwidth - 1, screenheight - 1);
+            ASSERT_TRUE(vexel.waitquiet());
+            const int modifiers = key == XK_ISO_Left_Tab ? shift_key : 0;
+            for (int i = 0; i < 3; ++i) {
+                screen.press(key == XK_ISO_Left_Tab ? XK_Tab : key, modifiers);
+            }
+            screen.press(XK_Escape);
+            ASSERT_TRUE(waitfor(10, [this] { return menus().empty() || !running(); }));
+            ASSERT_TRUE(running());
+        }
+    }
+}
+
+// What comes while the program is busy it sees at once: a click beside the menu, and letters.
+TEST_F(Keyboard, WhatIsTypedBehindAClosedMenuDoesNoHarm) {
+    const rectangle r = screen.place(vexel.window());
+    for (const bool escape : {true, false}) {
+        screen.click(r.x + choiceplace.x + 40, r.y + choiceplace.y + 10);
+        ASSERT_TRUE(waitfor(10, [this] { return !menus().empty(); }));
+        ASSERT_TRUE(vexel.waitquiet());
+        kill(vexel.child().pid(), SIGSTOP);
+        if (escape) {
+            screen.press(XK_Escape);
+        } else {
+            screen.click(r.x + macroplace.x + 100, r.y + macroplace.y - 200);
+        }
+        screen.press(XK_Up);
+        screen.press(XK_BackSpace);
+        kill(vexel.child().pid(), SIGCONT);
+        ASSERT_TRUE(waitfor(10, [this] { return menus().empty() || !running(); }));
+        ASSERT_TRUE(vexel.waitquiet());
+        ASSERT_TRUE(running());
+    }
+}
+
+TEST_F(Keyboard, NoKeyDoesHarmWhileTheButtonIsHeldOutsideAMenu) {
+    const rectangle r = screen.place(vexel.window());
+    screen.movemouse(r.x + choiceplace.x + 40, r.y + choiceplace.y + 10);
+    screen.button(1, true);
+    ASSERT_NE(openmenu(), 0UL);
+    screen.movemouse(screenwidth - 1, screenheight - 1);
+    ASSERT_TRUE(vexel.waitquiet());
+    screen.press(XK_Up);
+    screen.press(XK_BackSpace);
+    screen.button(1, false);
+    EXPECT_TRUE(waitfor(10, [this] { return menus().empty() || !running(); }));
+    EXPECT_TRUE(running());
+}
+
+TEST_F(Keyboard, LettingGoOutsideAMenuChoosesNothing) {
+    vexel.pushbutton("Rcw");
+    applyturn(6);
+    ASSERT_TRUE(showsmodel());
+    const rectangle r = screen.place(vexel.window());
+    screen.movemouse(r.x + 20, r.y + 10); // "File"
+    screen.button(1, true);
+    const windowid menu = openmenu();
+    const rectangle m = screen.place(menu);
+    screen.movemouse(m.x + m.w / 2, m.y + m.h / 12); // "Reset Cube"
+    ASSERT_TRUE(waitfor(10, [&] { return markedrow(menu, 6) == 0; }));
+    screen.movemouse(screenwidth - 1, screenheight - 1);
+    EXPECT_TRUE(waitfor(10, [&] { return markedrow(menu, 6) == -1; }));
+    screen.button(1, false);
+    EXPECT_TRUE(waitfor(10, [this] { return menus().empty(); }));
+    EXPECT_TRUE(vexel.waitquiet());
+    EXPECT_TRUE(showsmodel());
+}
+
+TEST_F(Keyboard, TheArrowsGoOnFromTheMarkThatTheMouseHasLeft) {
+    const rectangle r = screen.place(vexel.window());
+    screen.click(r.x + 20, r.y + 10); // "File"
+    const windowid menu = openmenu();
+    const rectangle m = screen.place(menu);
+    screen.movemouse(m.x + m.w / 2, m.y + m.h * 7 / 12); // its fourth row
+    ASSERT_TRUE(waitfor(10, [&] { return markedrow(menu, 6) == 3; }));
+    screen.movemouse(screenwidth - 1, screenheight - 1);
+    screen.press(XK_Up);
+    EXPECT_TRUE(waitfor(10, [&] { return markedrow(menu, 6) == 2; }));
+    screen.press(XK_Down);
+    EXPECT_TRUE(waitfor(10, [&] { return markedrow(menu, 6) == 3; }));
+    screen.press(XK_Escape);
+    EXPECT_TRUE(waitfor(10, [this] { return menus().empty(); }));
 }
 
 TEST_F(Keyboard, EscapeLeavesTheMenusAndChangesNothing) {
