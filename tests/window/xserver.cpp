@@ -9,6 +9,7 @@
 #include <X11/keysym.h>
 
 #include <algorithm>
+#include <bit>
 #include <chrono>
 #include <cstdlib>
 #include <cstring>
@@ -25,7 +26,7 @@ constexpr double patience = 30; // seconds for a server or a window manager to c
 
 // The toolkit tells the repeats of a held key from real presses by their times being equal, so two
 // key events must not fall into one millisecond; from a person's hand they never do.
-constexpr std::chrono::milliseconds typingpause(2);
+constexpr std::chrono::microseconds typingpause(1200);
 
 // A window may vanish between being listed and being asked about; that is no mistake of the test.
 int ignoreerror(Display*, XErrorEvent*) {
@@ -85,8 +86,11 @@ void findwindows(Display* display, windowid w, int depth, std::vector<windowid>&
     }
 }
 
-unsigned char channel(unsigned long pixel, unsigned long mask) {
-    return static_cast<unsigned char>((pixel & mask) * 255 / mask);
+// 0..255. Nearly every screen has eight bits a channel, and a picture many pixels.
+int channel(unsigned long pixel, unsigned long mask) {
+    const unsigned long most = mask >> std::countr_zero(mask);
+    const unsigned long value = (pixel & mask) >> std::countr_zero(mask);
+    return static_cast<int>(most == 255 ? value : value * 255 / most);
 }
 
 // The key and the Shift state that make keysym on this keyboard; key 0 if none does.
@@ -378,9 +382,7 @@ void xserver::key(unsigned long keysym, bool down) const {
     if (code == 0) {
         throw std::runtime_error(std::string("no such key: ") + XKeysymToString(keysym));
     }
-    XTestFakeKeyEvent(connection, code, down, CurrentTime);
-    XSync(connection, 0);
-    std::this_thread::sleep_for(typingpause);
+    holdkey(code, down);
 }
 
 void xserver::hold(int modifiers) const {
@@ -422,9 +424,10 @@ void xserver::presskey(unsigned char code, int modifiers) const {
 }
 
 void xserver::holdkey(unsigned char code, bool down) const {
+    std::this_thread::sleep_until(lastkey + typingpause);
     XTestFakeKeyEvent(connection, code, down, CurrentTime);
     XSync(connection, 0);
-    std::this_thread::sleep_for(typingpause);
+    lastkey = std::chrono::steady_clock::now();
 }
 
 unsigned char xserver::place(char letter) const {

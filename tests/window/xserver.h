@@ -18,6 +18,7 @@
 #include "window/picture.h"
 #include "window/process.h"
 
+#include <chrono>
 #include <memory>
 #include <string>
 #include <vector>
@@ -127,8 +128,9 @@ class xserver {
     std::unique_ptr<scratchfolder> home; // of the window manager
     std::string display_name;
     _XDisplay* connection = nullptr;
-    windowid own = 0; // holds the selection
-    int width;        // of the screen
+    windowid own = 0;                                           // holds the selection
+    mutable std::chrono::steady_clock::time_point lastkey = {}; // when a key was moved last
+    int width;                                                  // of the screen
     int height;
 };
 
