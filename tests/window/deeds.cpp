@@ -6,6 +6,7 @@
 #include <X11/Xlib.h>
 #include <X11/keysym.h>
 
+#include <algorithm>
 #include <chrono>
 #include <random>
 #include <sstream>
@@ -86,34 +87,75 @@ void pause(int milliseconds) {
     std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
 }
 
-// Not as program.h's choose, which waits until it has seen each step: a box may keep the menu shut.
-void menu(deed& d) {
-    constexpr int titles[menucount] = {20, 64, 106, 165, 225}; // somewhere on each
-    const menu_place entry = findmenu(d.rest());
+constexpr int titles[menucount] = {20, 64, 106, 165, 225}; // somewhere on each
+constexpr int titlewidth = 70;                             // at most
+
+void presstitle(const deed& d, int menu) {
     const rectangle r = d.screen.place(d.vexel.window());
+    d.screen.movemouse(r.x + titles[menu], r.y + menubarplace.h / 2);
+    d.screen.button(1, true);
+}
+
+void movemouseaway(const deed& d) {
+    d.screen.movemouse(screenwidth - 1, screenheight - 1);
+}
+
+// The menu below that title, if it is open; else all 0.
+rectangle openmenu(const xserver& screen, const program& vexel, int menu) {
+    const rectangle r = screen.place(vexel.window());
+    rectangle found = {};
+    for (windowid popup : screen.popups(vexel.window())) {
+        const rectangle p = screen.place(popup);
+        const int left = r.x + titles[menu] - p.x;
+        const int below = p.y - (r.y + menubarplace.h);
+        found = left >= 0 && left < titlewidth && below >= -6 && below <= 6 ? p : found;
+    }
+    return found;
+}
+
+bool marked(const deed& d, rectangle row) {
+    const rectangle middle = {row.x + 4, row.y + row.h / 2 - 2, row.w / 2, 4};
+    const rectangle unmarked = {menubarplace.w - 20, 8, 8, 4}; // right of the titles
+    return d.screen.screenshot(middle).commonest() != d.vexel.part(unmarked).commonest();
+}
+
+bool markrow(const deed& d, const menu_place& entry) {
+    rectangle rows = {};
+    const double patience = d.vexel.dialog() != 0 ? 0.03 : 0.3; // a box keeps menus shut
+    waitfor(patience, [&] {
+        rows = openmenu(d.screen, d.vexel, entry.menu);
+        return rows.h > 0;
+    });
+    const rectangle row = {rows.x, rows.y + rows.h * entry.row / entry.rows, rows.w,
+                           rows.h / entry.rows};
+    d.screen.movemouse(row.x + row.w / 2, row.y + row.h / 2 - 1);
+    d.screen.movemouse(row.x + row.w / 2, row.y + row.h / 2);
+    return rows.h > 0 && waitfor(0.5, [&] { return marked(d, row); });
+}
+
+// Not as program.h's choose, which fails where no menu opens. The entry that was meant is chosen or
+// none: where its row is not seen marked, the button is let go elsewhere.
+void menu(deed& d) {
+    const menu_place entry = findmenu(d.rest());
     if (!hits(d, 0, 0)) {
         return;
     }
-    d.screen.movemouse(r.x + titles[entry.menu], r.y + menubarplace.h / 2);
-    d.screen.button(1, true);
-    rectangle rows = {};
-    waitfor(0.3, [&] {
-        for (windowid popup : d.screen.popups(d.vexel.window())) {
-            const rectangle p = d.screen.place(popup);
-            rows = p.h > menubarplace.h + 4 ? p : rows;
-        }
-        return rows.h > 0;
-    });
-    if (rows.h > 0) {
-        const int y = rows.y + rows.h * (2 * entry.row + 1) / (2 * entry.rows);
-        d.screen.movemouse(rows.x + rows.w / 2, y - 1);
-        pause(15); // motions that come at once are one
-        d.screen.movemouse(rows.x + rows.w / 2, y);
-        pause(15);
+    presstitle(d, entry.menu);
+    if (!markrow(d, entry)) {
+        movemouseaway(d);
     }
     d.screen.button(1, false);
-    pause(15);
-    d.screen.movemouse(screenwidth - 1, screenheight - 1);
+    // A motion that comes together with the release would take the choice back.
+    waitfor(0.3, [&] { return openmenu(d.screen, d.vexel, entry.menu).h == 0; });
+    movemouseaway(d);
+}
+
+void title(deed& d) {
+    const int menu = d.number();
+    if (hits(d, 0, 0)) {
+        presstitle(d, menu);
+        d.screen.button(1, false);
+    }
 }
 
 void list(deed& d) {
@@ -264,6 +306,7 @@ constexpr deed_row deeds[] = {
     {"drag",     drag    },
     {"push",     push    },
     {"menu",     menu    },
+    {"title",    title   },
     {"list",     list    },
     {"press",    press   },
     {"hold",     hold    },
@@ -305,12 +348,29 @@ void dodeed(const xserver& screen, program& vexel, const std::string& line) {
     }
 }
 
-// Keys may reach "Quit" by the menu bar, and Ctrl+Q is its shortcut. On a busy machine the button
-// may be let go on another row of the same menu than was meant.
-bool mayend(const std::string& line) {
-    constexpr int filemenu = 0;
-    const bool nearquit =
-        line.starts_with("menu ") && findmenu(line.substr(sizeof "menu")).menu == filemenu;
-    return nearquit || line == "end" || line.starts_with("press F10") ||
-           line.starts_with("key F10") || line.starts_with("press q") || line.starts_with("key q");
+bool filemenuopen(const xserver& screen, const program& vexel) {
+    return openmenu(screen, vexel, filemenu).h > 0;
+}
+
+wayout wayoutof(const std::string& line) {
+    std::istringstream words(line);
+    std::string deed;
+    std::string what;
+    int modifiers = 0;
+    words >> deed >> what >> modifiers;
+    const bool key = deed == "press" || deed == "key";
+    const auto oneof = [](const std::string& word, std::initializer_list<const char*> list) {
+        return std::find(list.begin(), list.end(), word) != list.end();
+    };
+    if (line == "menu Quit" || deed == "end" || (key && what == "q" && (modifiers & ctrl_key))) {
+        return wayout::asked;
+    }
+    if (deed == "title" || (key && what == "F10")) {
+        return wayout::opensmenu;
+    }
+    if ((key && oneof(what, {"Return", "KP_Enter", "space"})) ||
+        oneof(deed, {"click", "drag", "push", "list", "macro", "paste", "box", "menu"})) {
+        return wayout::choosesinmenu;
+    }
+    return wayout::none;
 }

@@ -6,7 +6,8 @@
 //   click X Y MODIFIERS BUTTON     in the main window
 //   drag X Y X Y BUTTON            in the main window
 //   push MODIFIERS LABEL           a button of the main window
-//   menu ENTRY                     an entry of the menu bar
+//   menu ENTRY                     an entry of the menu bar, or none where it does not open
+//   title N                        opens menu 0.. of the menu bar and leaves it open
 //   list ROW                       a row of the list of macros
 //   press KEY MODIFIERS            a key, by its X name, wherever the keyboard is
 //   hold KEY MILLISECONDS          the same, held
@@ -35,5 +36,15 @@
 
 void dodeed(const xserver& screen, program& vexel, const std::string& line);
 
-// Whether the deed may be what ends the program, by one of its designed ways.
-[[nodiscard]] bool mayend(const std::string& line);
+// Whether the menu that holds "Quit" is open.
+[[nodiscard]] bool filemenuopen(const xserver& screen, const program& vexel);
+
+// What a deed has to do with the designed ends of the program.
+enum class wayout {
+    none,
+    asked,        // it asks for the end: "Quit", its key, closing the main window
+    opensmenu,    // it leaves a menu open, from which keys and clicks find to "Quit"
+    choosesinmenu // in an open menu it may choose an entry
+};
+
+[[nodiscard]] wayout wayoutof(const std::string& line);

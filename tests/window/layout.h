@@ -37,6 +37,7 @@ constexpr rectangle legendplace = {455, 383, 260, 72};
 const button_place& findbutton(const std::string& label);
 
 constexpr int menucount = 5;
+constexpr int filemenu = 0; // the one that ends the program
 
 struct menu_place {
     int menu; // 0..4 from the left: File, Edit, View, Macros, Help

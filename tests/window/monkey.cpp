@@ -20,6 +20,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <random>
@@ -140,8 +141,12 @@ std::string inmainwindow(dice& chance) {
     case 5:
     case 6: return "push" + modifiers + " " + buttonplaces[chance.below(buttoncount)].label;
     case 7:
-    case 8:
-    case 9: return "menu " + chance.of(entries);
+    case 8: return "menu " + chance.of(entries);
+    case 9:
+        if (chance.onein(3)) {
+            return "title" + words({chance.below(menucount)});
+        }
+        return "menu " + chance.of(entries);
     case 10: return "list" + words({chance.below(12)});
     case 11:
     case 12: return "macro " + chance.letters(macroletters, chance.onein(9) ? 200 : 14);
@@ -199,6 +204,9 @@ struct session {
     std::unique_ptr<program> vexel;
     std::vector<std::string> done; // since the program was started
     int ends = 0;                  // how often it was ended by design
+    bool asked = false;            // to end, and not yet seen to go on
+    int opened = 0;                // deeds in which a menu may still come up
+    int chosen = 0;                // deeds in which "Quit" may still act that was met in a menu
 
     explicit session(xserver& server) : screen(server) { start(); }
 
@@ -212,14 +220,27 @@ struct session {
         settings.confined = true;
         vexel = std::make_unique<program>(screen, settings);
         done.clear();
+        asked = false;
+        opened = 0;
+        chosen = 0;
         perform("menu Set Cube Speed");
         perform("text 3");
         perform("key Return 0");
     }
 
     void perform(const std::string& line) {
+        const wayout way = wayoutof(line);
+        opened = way == wayout::opensmenu ? slowness : std::max(0, opened - 1);
+        chosen = std::max(0, chosen - 1);
+        if (way == wayout::choosesinmenu && (opened > 0 || filemenuopen(screen, *vexel))) {
+            chosen = slowness;
+        }
         done.push_back(line);
         dodeed(screen, *vexel, line);
+        if (way == wayout::asked) {
+            asked = true;
+            vexel->child().waitexit(vexel->dialog() == 0 ? 2 : 0);
+        }
     }
 };
 
@@ -227,18 +248,17 @@ class unwell : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-// Whether the program goes on. It may have been ended by what a person does to end it.
+// Whether the program goes on. Nothing ends it but what a person does for that.
 bool goeson(session& s) {
     if (s.vexel->output() != "") {
+        s.vexel->child().waitexit(10); // what it prints may be its last words
         throw unwell("it printed: " + s.vexel->output());
     }
     const std::optional<int> status = s.vexel->child().waitexit(0);
     if (!status) {
         return true;
     }
-    const std::size_t from = s.done.size() - std::min<std::size_t>(s.done.size(), slowness);
-    if (*status != 0 ||
-        std::none_of(s.done.begin() + static_cast<long>(from), s.done.end(), mayend)) {
+    if (*status != 0 || !(s.asked || s.chosen > 0)) {
         throw unwell("it ended with status " + std::to_string(*status));
     }
     return false;
@@ -319,6 +339,7 @@ void look(session& s) {
     if (!quiet) {
         throw unwell("it does not come to rest, or not into sight");
     }
+    s.asked = false;
     std::string letters;
     std::string why;
     const auto legal = [&] {
@@ -326,12 +347,12 @@ void look(session& s) {
         why = whynotlegal(letters);
         return why.empty();
     };
-    // The window manager may show something of its own for a while.
-    if (!waitfor(3, legal) && letters.find('?', 27) != std::string::npos) {
+    const auto rearhidden = [&] { return letters.find('?', 27) != std::string::npos; };
+    for (int tries = 0; tries < 5 && !waitfor(tries, legal) && rearhidden(); ++tries) {
         s.perform("menu Show Rear Cube");
         calm(s);
-        waitfor(10, legal);
     }
+    waitfor(10, legal); // the window manager may show something of its own for a while
     if (!goeson(s)) {
         return;
     }
@@ -357,6 +378,9 @@ void run(session& s, dice& chance, int count) {
 
 void replay(session& s, const std::string& path) {
     std::ifstream file(path);
+    if (!file) {
+        throw unwell("no such file");
+    }
     for (std::string line; std::getline(file, line) && goeson(s);) {
         s.perform(line);
     }
@@ -367,6 +391,7 @@ void replay(session& s, const std::string& path) {
 void report(const session& s, const std::string& why) {
     const std::string path =
         std::string(VEXEL_PICTURES) + "/monkey-" + std::to_string(getpid()) + ".deeds";
+    std::filesystem::create_directories(VEXEL_PICTURES);
     std::cerr << "monkey: " << why << "\nThe last events, all of which are in " << path << ":\n";
     std::ofstream file(path);
     const std::size_t shown = std::min<std::size_t>(s.done.size(), lastdeeds);
