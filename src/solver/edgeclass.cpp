@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cassert>
 #include <numeric>
+#include <utility>
 
 namespace {
 
@@ -22,15 +23,17 @@ void find_corner_steps() {
     }
 }
 
-// The classes in order of their distances, so that those near the goal lie close together.
+// The classes in order of their distances, so that those near the goal lie close together; those of
+// one distance by their numbers.
 std::vector<std::uint16_t> order_classes(const symmetry_classes& classes) {
     std::vector<std::uint16_t> order(edge_class_count);
     std::iota(order.begin(), order.end(), std::uint16_t{0});
-    const auto distance = [&](std::size_t number) {
-        return eflip_eloc_dist_table[static_cast<std::size_t>(classes.representatives[number])];
+    const auto place = [&](std::uint16_t number) {
+        const auto x = static_cast<std::size_t>(classes.representatives[number]);
+        return std::pair(eflip_eloc_dist_table[x], number);
     };
-    std::stable_sort(order.begin(), order.end(),
-                     [&](std::uint16_t a, std::uint16_t b) { return distance(a) < distance(b); });
+    // Not by a stable sort: one library warns of what the other's needs.
+    std::ranges::sort(order, {}, place);
     return order;
 }
 
