@@ -33,8 +33,9 @@ double seconds(const auto& work) {
 cubes made(int count, plain::cube (*make)(std::mt19937&)) {
     std::mt19937 random(1980);
     cubes list;
-    for (int i = 0; i < count; i++)
+    for (int i = 0; i < count; i++) {
         list.push_back(make(random));
+    }
     return list;
 }
 

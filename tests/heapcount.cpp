@@ -22,7 +22,7 @@ long heapcalls() {
     return calls;
 }
 
-// NOLINTBEGIN(bugprone-reserved-identifier): the names of the C library's and the sanitizer's own.
+// The names of the C library's and the sanitizer's own.
 
 #ifdef HEAPCOUNT_HOOKS
 
@@ -68,5 +68,3 @@ void* realloc(void* ptr, std::size_t size) {
 }
 
 #endif
-
-// NOLINTEND(bugprone-reserved-identifier)

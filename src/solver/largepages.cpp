@@ -9,8 +9,8 @@
 
 // Where the linker lays that data; null with a linker that does not tell.
 extern "C" {
-[[gnu::weak]] extern char __bss_start[]; // NOLINT(bugprone-reserved-identifier)
-[[gnu::weak]] extern char _end[];        // NOLINT(bugprone-reserved-identifier)
+[[gnu::weak]] extern char __bss_start[];
+[[gnu::weak]] extern char _end[];
 }
 
 void ask_for_large_pages() {

@@ -25,6 +25,7 @@ property_value macroof(const subject& of) {
     return told(of.read.macro);
 }
 
+// What is not good is refused before it comes here.
 property_value checkof(const subject& /*of*/) {
     return told("good");
 }

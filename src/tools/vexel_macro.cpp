@@ -145,6 +145,7 @@ std::vector<option> alloptions() {
     return all;
 }
 
+// All of the text must be digits: a sign, a blank or a unit behind it is refused, not passed over.
 std::uint64_t parsenumber(std::string_view text, std::uint64_t least, const char* complaint) {
     std::uint64_t number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
@@ -171,6 +172,8 @@ void parsecolors() {
     }
 }
 
+// The argument is read once and not with each line. What resets the cube has no way back, which a
+// conjugate and a commutator need.
 void wantproperty(const property_row& row) {
     wanted_property wanted = {&row, {}};
     if (row.argument) {
@@ -230,7 +233,7 @@ void checksettings() {
 
 void parsearguments(int argc, char** argv) {
     const std::vector<option> options = alloptions();
-    opterr = 0;
+    opterr = 0; // the library would write the user's bytes to the terminal as they are
     for (int c = 0; (c = getopt_long(argc, argv, ":ef:nhV", options.data(), nullptr)) != -1;) {
         parseoption(c, argv);
     }
@@ -290,6 +293,7 @@ std::vector<wanted_property> wholecard() {
     return card;
 }
 
+// A value that is not there is null. Only one that was asked for by name makes the line a bad one.
 line_answer answerjson(const asked_line& line, const read_line& read, const std::string& name) {
     std::vector<field> fields = {
         {"line", numberfield, std::to_string(line.number)},
@@ -413,6 +417,8 @@ bool drawpictures(const asked_line& line, const read_line& read) {
 
 // Running
 
+// Where only pictures are asked for, standard output may be one of them: what is wrong with the
+// line is then told aside.
 void answerread(const asked_line& line, bool good, const read_line& read, const std::string& name) {
     line_answer answer = {good, "", ""};
     if (!good && drawing() && asked.wanted.empty()) {
@@ -458,7 +464,7 @@ void answermacrofile(const std::string& path) {
         allgood = false;
         return;
     }
-    errno = 0;
+    errno = 0; // so that it is about this file
     answermacros(file, source);
     if (std::ferror(file) != 0) {
         complainoffile(source, errno);
@@ -478,6 +484,7 @@ void answermacrofiles() {
 
 // Scrambles
 
+// A macro costs a search, the cube next to nothing: who wants only the cube need not wait.
 bool needsmacro() {
     const auto ofmacro = [](const wanted_property& w) { return w.row->ofmacro; };
     return (asked.json && asked.wanted.empty()) ||
@@ -492,6 +499,7 @@ std::string macrothatmakes(const std::string& cubies) {
     const char* const answer = my_user_enters_cube(cubies.c_str());
     move_text solution;
     misfit bad = {};
+    // "error": the lot was the solved cube, which needs no turn.
     const bool good = std::strcmp(answer, "error") == 0 || readmacro(answer, true, solution, bad);
     assert(good);
     return macrotext(solution, true);
@@ -507,7 +515,7 @@ void answerscrambles() {
         if (needsmacro()) {
             text = macrothatmakes(text);
             asked.from = macroform;
-            flushanswers();
+            flushanswers(); // the next one takes its time
         }
         answerline({"scramble", i, false, text}, "");
     }

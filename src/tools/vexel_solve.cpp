@@ -74,6 +74,7 @@ const char help[] =
     "for wrong usage or where an answer could not be written.\n";
 
 // A number in digits alone from least to greatest; anything else is refused with the complaint.
+// Compared as a text: so no sign, blank or zero in front passes.
 int parsenumber(std::string_view text, int least, int greatest, const char* complaint) {
     for (int number = least; number <= greatest; number++) {
         if (text == std::to_string(number)) {
@@ -127,7 +128,7 @@ void parseoption(int c, char** argv) {
 }
 
 void parsearguments(int argc, char** argv) {
-    opterr = 0;
+    opterr = 0; // the library would write the user's bytes to the terminal as they are
     for (int c = 0; (c = getopt_long(argc, argv, ":d:ef:t:j:vhV", options, nullptr)) != -1;) {
         parseoption(c, argv);
     }
@@ -161,7 +162,9 @@ std::string inmoves(const std::string& macro) {
     return readmacro(macro, true, moves, bad) ? bookmoves(moves) : macro;
 }
 
-// The solution of the model's cube and what it took, as titles() says.
+// The solution of the model's cube and what it took, as titles() says. The tables are made with the
+// first cube: who is told of a bad line, or asks for another form, does not wait for them. The time
+// is that of the search alone.
 void fillsolution(std::vector<field>& fields) {
     while (!initializesolve()) {
         continue;
@@ -220,7 +223,7 @@ bool answerhere() {
             good = answer.good && good;
             putanswer(answer);
             if (solves()) {
-                flushanswers();
+                flushanswers(); // each takes long enough for somebody to wait for it
             }
         },
         [](const line_reader&) { flushanswers(); });
