@@ -9,6 +9,10 @@
 
 namespace {
 
+// State
+
+constinit KeyCode lastpressed = 0; // 0 before the first key
+
 // Whether a key types something that is no ASCII: such keysyms lie on both sides of those of the
 // keys that type nothing.
 bool isforeign(int key) {
@@ -74,17 +78,39 @@ int letterof(XkbDescPtr keyboard, KeyCode code) {
 } // namespace
 
 int latinkey(int key) {
-    if (!isforeign(key) || fl_xevent == nullptr || fl_xevent->type != KeyPress) {
+    const bool unknown = isforeign(key) || key == 0;
+    if (!unknown || fl_xevent == nullptr || fl_xevent->type != KeyPress) {
         return key;
     }
     XkbDescPtr keyboard = askkeyboard();
     if (keyboard == nullptr) {
         return key;
     }
-    const int letter = letterof(keyboard, static_cast<KeyCode>(fl_xevent->xkey.keycode));
+    const unsigned code = fl_xevent->xkey.keycode;
+    const int letter = letterof(keyboard, code != 0 ? static_cast<KeyCode>(code) : lastpressed);
     XkbFreeKeyboard(keyboard, 0, True);
     return letter != 0 ? letter : key;
 }
+
+#if FL_MINOR_VERSION >= 3 // an older one uses no input method
+
+void watchkeys() {
+    Fl::add_system_handler(
+        [](void* event, void*) {
+            const auto* key = static_cast<const XKeyEvent*>(event);
+            if (key->type == KeyPress && key->keycode != 0) {
+                lastpressed = static_cast<KeyCode>(key->keycode);
+            }
+            return 0; // the toolkit handles it
+        },
+        nullptr);
+}
+
+#else
+
+void watchkeys() {}
+
+#endif
 
 // A keyboard that can type the letter is asked for its key alone. On another one each key that is
 // held is looked at: no keysym tells which of them bears the letter.

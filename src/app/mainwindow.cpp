@@ -3,6 +3,7 @@
 
 #include "app/dispatch.h"
 #include "app/driver.h"
+#include "app/latinkey.h"
 #include "app/macroline.h"
 #include "app/menu.h"
 #include "app/my_input.h"
@@ -228,6 +229,7 @@ void makeui() {
     menubar = new Fl_Menu_Bar(0, 0, formwidth, 22);
     menubar->menu(menutable);
     Fl::add_handler(foreignshortcut);
+    watchkeys();
     makegroup(face_heading, face_buttons);
     makegroup(slice_heading, slice_buttons);
     makegroup(cube_heading, cube_buttons);

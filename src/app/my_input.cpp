@@ -2,6 +2,7 @@
 #include "app/my_input.h"
 
 #include "app/dispatch.h"
+#include "app/latinkey.h"
 #include "app/macroline.h"
 #include "model/notation.h"
 #include "model/turns.h"
@@ -32,13 +33,15 @@ int my_input::handle(int event) {
     }
     const bool ctrl = Fl::event_state(FL_CTRL) != 0;
     const bool alt = Fl::event_state(FL_ALT) != 0;
+    const int key = ctrl ? latinkey(Fl::event_key()) : Fl::event_key();
     const bool apply = ctrl && Fl::event_key() == 'a';
-    const bool undo = ctrl && !alt && Fl::event_key() == 'z';
+    const bool undo = ctrl && !alt && key == 'z';
+    const bool foreign = ctrl && !alt && key != Fl::event_key(); // its letter would be typed
     if (event == FL_SHORTCUT && (apply || alt)) {
         return 0; // pressed elsewhere: the menu and the view answer these keys
     }
-    if (event == FL_KEYDOWN && undo) {
-        return 0; // the menu undoes a turn, where the toolkit would undo what was typed
+    if (event == FL_KEYDOWN && (undo || foreign)) {
+        return 0; // the menu's: it undoes a turn, where the toolkit would undo what was typed
     }
     if (apply) {
         if (event != FL_KEYDOWN) {
@@ -56,6 +59,11 @@ int my_input::handle(int event) {
         return 1;
     }
     const int used = Fl_Input::handle(event);
+    if (apply) {
+        position(0); // a newer toolkit marks the whole text, for the next letter to wipe out
+    }
     loadout(value()); // after any event: a paste changes the line without a key
-    return used;
+    // Done, whatever the toolkit made of it: a key that is not used is the menu's, which would
+    // apply the macro once more.
+    return apply ? 1 : used;
 }

@@ -5,7 +5,7 @@
 // Keys      Right, Left      one turn forwards, backwards; refused while a turn is animated, so a
 //                            held key steps once per finished turn
 //           Enter            the callback, inp_cb (macroline.h)
-//           Ctrl+A           applies the macro, then edits as the toolkit's key does
+//           Ctrl+A           applies the macro, once, and takes the cursor to the start
 //           Alt+letter       turns a face, as in the view
 //           Ctrl+Z           refused, so that the menu undoes a turn
 //           anything else    edits; the length read-out follows every event

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/toolkitstore.h"
 
+#include <FL/Fl.H>
+
 #include <cstring>
 
 namespace {
@@ -28,6 +30,9 @@ void hidehome(int, char**, char** environment) {
 } // namespace
 
 void givehomeback() {
+#if FL_MINOR_VERSION >= 3
+    Fl::option(Fl::OPTION_VISIBLE_FOCUS); // whichever: the first one asked for has all of them read
+#endif
     if (entry != nullptr) {
         *entry = home;
         entry = nullptr;
