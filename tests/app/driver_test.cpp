@@ -23,8 +23,7 @@ class Driver : public testing::Test {
 
 // Answers a question for a line of text, in place of the text that it offers.
 void replaceline(const std::string& answer) {
-    screen().press(XK_Home);
-    screen().press(XK_k, ctrl_key);
+    screen().emptyline();
     screen().type(answer + "\n");
 }
 

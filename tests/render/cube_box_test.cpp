@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The events need no screen. The frames are painted by the real OpenGL on a virtual one, and looked
-// at as a person would, by a picture of the screen.
+// The events are made up. The frames are painted by the real OpenGL on a virtual screen, and looked
+// at as a person would, by a picture of it.
 #include "model/cube.h"
 #include "model/parser.h"
 #include "model/resetmodel.h"
@@ -31,7 +31,6 @@
 #include <cstdlib>
 #include <dlfcn.h>
 #include <gtest/gtest.h>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -64,9 +63,17 @@ extern "C" void glXSwapBuffers(Display* dpy, GLXDrawable drawable) {
 
 namespace {
 
+// One screen for the whole program, which the toolkit opens once and never lets go.
+const xserver& screen() {
+    static const xserver server;
+    return server;
+}
+
+// Some toolkits ask the screen about its window manager when a widget takes the keyboard.
 class CubeBoxEvents : public testing::Test {
   protected:
     void SetUp() override {
+        setenv("DISPLAY", screen().name().c_str(), 1);
         resetshell();
         Fl::e_state = 0;
         Fl_Group::current(nullptr); // a new window would become a part of this one
@@ -86,11 +93,6 @@ class CubeBoxEvents : public testing::Test {
 
 TEST_F(CubeBoxEvents, FocusIsAccepted) {
     EXPECT_EQ(view.handle(FL_FOCUS), 1);
-}
-
-// For the other half, a view whose window is there, see CubeBox.OutOfSightIsNoEnd.
-TEST_F(CubeBoxEvents, HidingEndsTheProgram) {
-    EXPECT_EXIT(view.handle(FL_HIDE), testing::ExitedWithCode(0), "");
 }
 
 TEST_F(CubeBoxEvents, ShortcutWithAltGoesToInterpretkey) {
@@ -180,13 +182,12 @@ TEST_F(CubeBoxEvents, AllOtherEventsAreRefused) {
     EXPECT_TRUE(shell.commands.empty());
 }
 
-// One screen for the whole program: the toolkit opens a display once. The windows stay, since
-// hiding the view ends the program.
+// The windows stay, since hiding the view ends the program.
 class CubeBox : public testing::Test {
   protected:
     static void SetUpTestSuite() {
-        screen = std::make_unique<xserver>();
-        setenv("DISPLAY", screen->name().c_str(), 1);
+        setenv("DISPLAY", screen().name().c_str(), 1);
+        Fl_Group::current(nullptr);
         initdrawface();
         window = new Fl_Window(0, 0, 500, 500);
         view = new cube_box(2, 24, viewsize, viewsize);
@@ -194,11 +195,6 @@ class CubeBox : public testing::Test {
         window->end();
         window->show();
         view->show();
-    }
-
-    static void TearDownTestSuite() {
-        fl_close_display();
-        screen.reset();
     }
 
     void SetUp() override {
@@ -209,7 +205,7 @@ class CubeBox : public testing::Test {
         spoilbuffer = false;
         ASSERT_TRUE(waitfor(10, [] {
             Fl::wait(0.01);
-            return screen->visible(fl_xid(view));
+            return screen().visible(fl_xid(view));
         }));
     }
 
@@ -230,7 +226,7 @@ class CubeBox : public testing::Test {
         PopMatrix();
     }
 
-    static picture seen() { return screen->screenshot(screen->place(fl_xid(view))); }
+    static picture seen() { return screen().screenshot(screen().place(fl_xid(view))); }
 
     static rgb screencolor(char letter) {
         const letter_row* row = findletter(letter);
@@ -296,7 +292,6 @@ class CubeBox : public testing::Test {
         return stem && !bar ? 'U' : !stem && bar && !foot ? 'F' : !stem && foot && !bar ? 'L' : '?';
     }
 
-    static inline std::unique_ptr<xserver> screen;
     static inline Fl_Window* window;
     static inline cube_box* view;
 };
@@ -487,7 +482,13 @@ int possible(const std::string& display) {
     return viewpossible() ? 10 : 11;
 }
 
-// Each in a child of its own, before this process has opened a display.
+// Each in a child of its own, before this process has a screen, which their end would take along.
+// For the other half, a view whose window is there, see CubeBox.OutOfSightIsNoEnd.
+TEST(CubeBoxDeathTest, HidingEndsTheProgram) {
+    cube_box view(2, 24, viewsize, viewsize);
+    EXPECT_EXIT(view.handle(FL_HIDE), testing::ExitedWithCode(0), "");
+}
+
 TEST(CubeBoxDeathTest, ScreenWithOpenglWillDo) {
     const xserver screen;
     EXPECT_EXIT(std::exit(possible(screen.name())), testing::ExitedWithCode(10), "");
