@@ -51,7 +51,19 @@ class menu_guard : public Fl_Window {
         Fl::grab(this);
     }
 
+    // As the toolkit does with a menu that goes.
+    void letgo() {
+        menu = nullptr;
+        if (Fl::pushed() == this) {
+            Fl::pushed(nullptr);
+        }
+    }
+
+    // What began in a menu may end when it is gone: a button that closed it is let go.
     int handle(int event) override {
+        if (menu == nullptr) {
+            return 0;
+        }
         switch (event) {
         case FL_MOVE: return onrow() ? pointed(event) : 1;
         case FL_PUSH:
@@ -103,6 +115,9 @@ constinit menu_guard* guarding = nullptr;
 
 void guardmenu() {
     Fl_Window* open = Fl::grab();
+    if (open == nullptr && guarding != nullptr) {
+        guarding->letgo();
+    }
     if (open == nullptr || open == guarding) {
         return;
     }

@@ -217,6 +217,30 @@ TEST_F(Keyboard, LettingGoOutsideAMenuChoosesNothing) {
     EXPECT_TRUE(showsmodel());
 }
 
+TEST_F(Keyboard, AButtonThatClosedAMenuMayBeMovedAndLetGo) {
+    const rectangle r = screen.place(vexel.window());
+    const auto tobutton = [&](const char* label) {
+        const rectangle place = findbutton(label).place;
+        screen.movemouse(r.x + place.x + 5, r.y + place.y + 5);
+    };
+    for (int i = 0; i < 3; ++i) {
+        screen.click(r.x + choiceplace.x + 40, r.y + choiceplace.y + 10);
+        ASSERT_TRUE(waitfor(10, [this] { return !menus().empty(); }));
+        tobutton("Ucw");
+        ASSERT_TRUE(vexel.waitquiet());
+        screen.button(1, true);
+        ASSERT_TRUE(waitfor(10, [this] { return menus().empty() || !running(); }));
+        tobutton("Fcw");
+        ASSERT_TRUE(vexel.waitquiet());
+        screen.button(1, false);
+        ASSERT_TRUE(vexel.waitquiet());
+        ASSERT_TRUE(running());
+    }
+    vexel.pushbutton("Rcw");
+    applyturn(6);
+    EXPECT_TRUE(showsmodel());
+}
+
 TEST_F(Keyboard, TheArrowsGoOnFromTheMarkThatTheMouseHasLeft) {
     const rectangle r = screen.place(vexel.window());
     screen.click(r.x + 20, r.y + 10); // "File"
