@@ -41,20 +41,26 @@ void answerbox(void*) {
 }
 
 struct box_count {
-    bool open = false; // a box is there
+    bool open = false;  // a box is there
+    double pressed = 0; // when its key was
     int boxes = 0;
 };
 
-// Presses again until it is gone: a window that the server has not made yet takes no key.
+// Presses again only after a while: what is pressed twice would close the next box, too.
 void leavebox(void* data) {
+    constexpr double patience = 2; // seconds
     auto& count = *static_cast<box_count*>(data);
     const bool open = Fl::modal() != nullptr && Fl::modal()->shown() != 0;
-    count.boxes += open && !count.open ? 1 : 0;
-    count.open = open;
-    if (open) {
-        screen().focus(screen().windows().back());
+    const std::vector<windowid> windows = screen().windows();
+    const bool there = open && !windows.empty() && windows.back() == fl_xid(Fl::modal());
+    if (there && (!count.open || now() > count.pressed + patience)) {
+        count.boxes += count.open ? 0 : 1;
+        count.open = true;
+        count.pressed = now();
+        screen().focus(windows.back());
         screen().press(XK_Escape);
     }
+    count.open = count.open && open;
     Fl::repeat_timeout(0.02, leavebox, data);
 }
 
