@@ -21,6 +21,13 @@
 
 namespace {
 
+// A build that counts has _exit write its counts, by calls that would be judged.
+[[noreturn]] void leave(int status) {
+    for (;;) {
+        syscall(SYS_exit_group, status);
+    }
+}
+
 struct call_row {
     int number;
     const char* name;
@@ -231,7 +238,7 @@ void callwatch::judge(const callverdict& judge) {
 bool canwatchcalls() {
     const pid_t child = fork();
     if (child == 0) {
-        _exit(installfilter(watchedcalls::writing) < 0 ? 1 : 0);
+        leave(installfilter(watchedcalls::writing) < 0 ? 1 : 0);
     }
     int status = -1;
     waitpid(child, &status, 0);
@@ -243,7 +250,7 @@ watchedwork watchcalls(const std::function<bool()>& work, const callverdict& jud
     const pid_t child = fork();
     if (child == 0) {
         watch.handover(watchedcalls::all);
-        _exit(work() ? 0 : 1);
+        leave(work() ? 0 : 1);
     }
     watch.judge(judge);
     int status = -1;
