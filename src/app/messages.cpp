@@ -38,7 +38,9 @@ namespace {
 constinit bool holding = false;      // whether alerts wait
 std::vector<std::string> heldalerts; // that do
 
-constexpr int aroundtext = 120; // pixels of a box beside its text: icon, margins, frame
+constexpr int aroundtext = 120;      // pixels of a box beside its text: icon, margins, frame
+constexpr int abovebelow = 120;      // above and below it: frame, margins, button
+constexpr std::size_t lastlines = 3; // that stay of a text that is too high
 
 // How many bytes of text a line of a box can hold, 1 at least. A longer one is broken behind a
 // blank, if it has one.
@@ -53,21 +55,40 @@ std::size_t fittinglength(const std::string& text) {
     return length;
 }
 
+// A box that is higher than the screen has its button outside: only the beginning of such a text is
+// told, and its end.
+std::string cutlines(std::vector<std::string> lines) {
+    const auto room = static_cast<std::size_t>(std::max(0, Fl::h() - abovebelow) / fl_height());
+    const std::size_t most = std::max(room, lastlines + 2);
+    if (lines.size() > most) {
+        const auto end = lines.end() - static_cast<std::ptrdiff_t>(lastlines);
+        const auto cut = lines.begin() + static_cast<std::ptrdiff_t>(most - lastlines - 1);
+        *cut = "...";
+        lines.erase(cut + 1, end);
+    }
+    std::string text;
+    for (const std::string& line : lines) {
+        text += line + '\n';
+    }
+    return text;
+}
+
 // The boxes are as wide as their longest line. One that is wider than the screen cannot be read,
 // and its button may lie outside.
 std::string brokenlines(const std::string& text) {
     std::istringstream lines(text);
-    std::string broken;
+    std::vector<std::string> fitting;
     // A size that was never set is negative in one toolkit and the normal one in the other.
     const int size = fl_message_size_ > 0 ? fl_message_size_ : FL_NORMAL_SIZE;
     fl_font(fl_message_font_, size);
     for (std::string line; std::getline(lines, line);) {
         for (std::size_t n = fittinglength(line); n < line.size(); n = fittinglength(line)) {
-            broken += line.substr(0, n) + '\n';
+            fitting.push_back(line.substr(0, n));
             line.erase(0, n);
         }
-        broken += line + '\n';
+        fitting.push_back(line);
     }
+    std::string broken = cutlines(fitting);
     if (!broken.empty() && (text.empty() || text.back() != '\n')) {
         broken.pop_back();
     }

@@ -94,6 +94,19 @@ TEST_F(Messages, LinesWiderThanTheScreenAreBrokenBehindABlank) {
     EXPECT_EQ(shownby([] { showalert("a\n\nb\n"); }), "a\n\nb\n");
 }
 
+TEST_F(Messages, OfATextHigherThanTheScreenTheBeginningAndTheEndAreTold) {
+    std::string text = "first\n";
+    for (int i = 0; i < 200; ++i) {
+        text += "line\n";
+    }
+    const std::string shown = shownby([&] { showalert((text + "last").c_str()); });
+    EXPECT_EQ(shown.rfind("first\nline\n", 0), 0U);
+    EXPECT_TRUE(shown.ends_with("line\n...\nline\nline\nlast")) << shown;
+    const auto breaks = std::count(shown.begin(), shown.end(), '\n');
+    EXPECT_GT(breaks, 20);
+    EXPECT_LT(breaks, screenheight / 14);
+}
+
 TEST_F(Messages, AlertsThatAreHeldAreToldLaterAndOnce) {
     holdalerts();
     showalert("held"); // would wait for an answer that nobody gives

@@ -30,6 +30,25 @@ class SmallScreen : public windowtest {
         ASSERT_TRUE(showsmodel());
     }
 
+    // A message with a long word in it lies on the screen, button and all.
+    void expectlongname(int width, int height) {
+        vexel.choose("Dump Macro File");
+        vexel.waitdialog();
+        screen.type(std::string(1003, 'W') + "\n");
+        ASSERT_TRUE(waitfor(20, [this] {
+            return vexel.dialog() != 0 &&
+                   screen.title(vexel.dialog()).find("Save") == std::string::npos;
+        }));
+        const rectangle r = screen.place(vexel.waitdialog());
+        SCOPED_TRACE(vexel.keeppicture("long-name"));
+        EXPECT_GE(r.x, 0);
+        EXPECT_GE(r.y, 0);
+        EXPECT_LE(r.x + r.w, width);
+        EXPECT_LE(r.y + r.h, height);
+        screen.press(XK_Return);
+        EXPECT_TRUE(vexel.waitnodialog());
+    }
+
     // The rows of the legend, the lowest thing in the window, are written inside of it.
     void expectlegend() const {
         const picture legend = vexel.part(
@@ -62,6 +81,14 @@ TEST_F(NetbookScreen, ShowsTheWindowInFull) {
     EXPECT_EQ(r.h, windowheight);
     EXPECT_LE(r.x + r.w, 1024);
     EXPECT_LE(r.y + r.h, 600);
+}
+
+TEST_F(SmallScreen, ALongNameInAMessageFits) {
+    expectlongname(640, 480);
+}
+
+TEST_F(NetbookScreen, ALongNameInAMessageFits) {
+    expectlongname(1024, 600);
 }
 
 TEST_F(SmallScreen, EveryDialogFitsAndCloses) {
