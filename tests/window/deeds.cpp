@@ -244,6 +244,12 @@ void text(deed& d) {
     }
 }
 
+void fetchbox(deed& d) {
+    if (d.vexel.dialog() != 0) {
+        d.screen.move(d.vexel.dialog(), 100, 100);
+    }
+}
+
 void shut(deed& d) {
     if (d.vexel.dialog() != 0) {
         d.screen.close(d.vexel.dialog());
@@ -316,6 +322,7 @@ constexpr deed_row deeds[] = {
     {"box",      box     },
     {"key",      key     },
     {"text",     text    },
+    {"fetchbox", fetchbox},
     {"shut",     shut    },
     {"move",     move    },
     {"size",     size    },

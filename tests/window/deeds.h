@@ -17,6 +17,7 @@
 //   box X Y MODIFIERS BUTTON       a click in the window on top beside the main one, in thousandths
 //   key KEY MODIFIERS              a key for that window, which gets the keyboard first
 //   text TEXT                      letters for that window
+//   fetchbox                       that window to the middle of the screen
 //   shut                           asks that window to close
 //   move X Y, size W H             the main window
 //   minimise, restore, desktop N, rollup, unroll, cover

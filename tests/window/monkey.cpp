@@ -266,6 +266,10 @@ bool goeson(session& s) {
 
 // The colour dialog closes for a legal cube only.
 void leavebox(session& s) {
+    const rectangle r = s.screen.place(s.vexel->dialog());
+    if (r.x < 0 || r.y < 0 || r.x + r.w > screenwidth || r.y + r.h > screenheight) {
+        s.perform("fetchbox");
+    }
     if (s.screen.title(s.vexel->dialog()) == "Set Cube Face Colors") {
         s.perform("box 255 925 0 1"); // Reset
         s.perform("box 95 925 0 1");  // Finish
