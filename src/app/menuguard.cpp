@@ -61,7 +61,8 @@ class menu_guard : public Fl_Window {
 
     // What began in a menu may end when it is gone: a button that closed it is let go.
     int handle(int event) override {
-        if (menu == nullptr) {
+        if (Fl::grab() != this) {
+            letgo();
             return 0;
         }
         switch (event) {
