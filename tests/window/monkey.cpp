@@ -205,6 +205,7 @@ struct session {
     std::vector<std::string> done; // since the program was started
     int ends = 0;                  // how often it was ended by design
     bool asked = false;            // to end, and not yet seen to go on
+    std::size_t speedset = 0;      // deeds before the usual speed was set last
     int opened = 0;                // deeds in which a menu may still come up
     int chosen = 0;                // deeds in which "Quit" may still act that was met in a menu
 
@@ -218,14 +219,25 @@ struct session {
             {"ASAN_OPTIONS", "detect_leaks=0"}
         }; // the font library's
         settings.confined = true;
-        vexel = std::make_unique<program>(screen, settings);
+        vexel = std::make_unique<program>(screen, settings); // deeds of the one before are kept
         done.clear();
         asked = false;
         opened = 0;
         chosen = 0;
+        usualspeed();
+    }
+
+    void usualspeed() {
         perform("menu Set Cube Speed");
         perform("text 3");
         perform("key Return 0");
+        speedset = done.size();
+    }
+
+    // Whether another speed may have been set: each turn could take seconds.
+    bool slowed() const {
+        return std::find(done.begin() + static_cast<long>(speedset), done.end(),
+                         "menu Set Cube Speed") != done.end();
     }
 
     void perform(const std::string& line) {
@@ -321,8 +333,11 @@ bool calm(session& s) {
         } else {
             interrupt(s);
         }
+        if (round % 3 == 2) {
+            s.perform("menu Undo"); // ends a demo, which an interrupt does not
+        }
         if (round % 12 == 11) {
-            s.perform("push 0 Reset Cube"); // what ends a demo
+            s.perform("push 0 Reset Cube");
         }
     }
     return false;
@@ -344,6 +359,9 @@ void look(session& s) {
         throw unwell("it does not come to rest, or not into sight");
     }
     s.asked = false;
+    if (s.slowed()) {
+        s.usualspeed();
+    }
     std::string letters;
     std::string why;
     const auto legal = [&] {
@@ -405,7 +423,9 @@ void report(const session& s, const std::string& why) {
             std::cerr << "    " << s.done[i] << "\n";
         }
     }
-    std::cerr << "The screen then: " << s.vexel->keeppicture("monkey") << "\n";
+    if (s.vexel) {
+        std::cerr << "The screen then: " << s.vexel->keeppicture("monkey") << "\n";
+    }
 }
 
 } // namespace
@@ -429,7 +449,7 @@ int main(int argc, char** argv) {
             dice chance(static_cast<unsigned>(std::strtoul(argv[1], nullptr, 10)));
             run(s, chance, std::atoi(argv[2]));
         }
-    } catch (const unwell& why) {
+    } catch (const std::runtime_error& why) { // also of a program that does not come up again
         std::cerr << "monkey: seed " << arguments[1] << "\n";
         report(s, why.what());
         return 1;

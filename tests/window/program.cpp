@@ -55,7 +55,7 @@ program::program(xserver& server, const program_settings& settings) : screen(ser
         own_home = std::make_unique<scratchfolder>();
     }
     home_path = own_home ? own_home->path() : settings.home;
-    output_path = home_path + "/output.txt";
+    output_path = output_folder.path() + "/output.txt";
     process_settings start;
     start.command = {settings.path.empty() ? VEXEL_PROGRAM : settings.path};
     start.command.insert(start.command.end(), settings.arguments.begin(), settings.arguments.end());
@@ -94,7 +94,8 @@ void program::waitforwindow() {
         return painted() || !running->running();
     });
     if (!up || !painted()) {
-        throw std::runtime_error("the window does not come up: " + output());
+        throw std::runtime_error("the window does not come up: " + output() + "; see " +
+                                 keeppicture("no-window"));
     }
     front();
 }

@@ -140,6 +140,7 @@ class program {
     xserver& screen;
     std::unique_ptr<scratchfolder> own_home;
     std::string home_path;
+    scratchfolder output_folder; // not the home, where a file of any name may be saved
     std::string output_path;
     std::unique_ptr<process> running;
     windowid main = 0;
