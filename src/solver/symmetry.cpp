@@ -224,7 +224,7 @@ constinit std::uint16_t symmetry_on_flips[symmetry_count][a_eflip_size] = {};
 constinit std::uint16_t symmetry_toggles[symmetry_count][a_eloc_size] = {};
 constinit std::uint16_t symmetry_on_edgeperm[b_edgeperm_size][symmetry_count] = {};
 constinit std::uint8_t symmetry_on_midperm[b_midperm_size][symmetry_count] = {};
-constinit symmetry_classes classes_of_cornerperm;
+symmetry_classes classes_of_cornerperm; // no constinit: not every compiler sees a constant here
 
 void symmetry_tables_init() {
     if (initialized) {

@@ -46,8 +46,9 @@ fi
 diff <(cd "$prefix" && find . -type f | cut -c3- | LC_ALL=C sort) <(LC_ALL=C sort <<< "$expected")
 
 # A build that carried the path of its folder could not be built alike elsewhere.
-if grep -rlF "$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)" "$prefix"; then
-    echo "install: the files above name the folder of the sources" >&2
+sources=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
+if grep -rlF -e "$sources" -e "$(realpath "$2")" "$prefix"; then
+    echo "install: the files above name the folder of the sources or of the build" >&2
     exit 1
 fi
 
