@@ -18,7 +18,8 @@ constexpr int likely_bound = 29;
 
 // State
 
-int clicks; // calls of testclick since it asked, 0..70000
+int clicks;   // calls of testclick since it asked, 0..70000
+bool hurried; // after an interrupt before any solution: the first one that turns up is enough
 
 // The edge cubies that each sliceedge follows, labelled 1..4 in this order. ORDER CUBIE
 constexpr int marked_edges[3][4] = {
@@ -36,9 +37,8 @@ int sliceedge_of(const cube_struc& cube, const int (&marked)[4]) {
     return sliceedge_pack(labels);
 }
 
-// Depth by depth, from the least one on. In a hurry, only until there is any solution.
-void search_depths(const cube_struc& cube, int lower, bool hurry) {
-    const int begin = shortest_solution;
+// Depth by depth, from the least one on.
+void search_depths(const cube_struc& cube, int lower) {
     // A solvedepth below the first one is passed over.
     // Deliberate: NOT-BUGS.md, "A depth below the least one"
     for (int depth = lower;; depth++) {
@@ -46,7 +46,7 @@ void search_depths(const cube_struc& cube, int lower, bool hurry) {
         if (stage2_allotment < 0) {
             return;
         }
-        if (!hurry && !grow_tables(depth)) {
+        if (!hurried && !grow_tables(depth)) {
             error = 1;
             return;
         }
@@ -56,7 +56,7 @@ void search_depths(const cube_struc& cube, int lower, bool hurry) {
         if (stage1_search(stack) == 0) {
             return;
         }
-        if (depth == solvedepth || depth + 1 > unreached || (hurry && shortest_solution < begin)) {
+        if (depth == solvedepth || depth + 1 > unreached) {
             return;
         }
     }
@@ -116,19 +116,19 @@ void solve_cube(cube_struc& cube) {
     }
     // 2. First as if a solution were known that nearly every cube improves on. It spares the long
     // ones that the first depths would find; what is found below it is the same. Who interrupts
-    // before that gets the first of the long ones.
-    bool hurry = false;
+    // before that gets a long one.
     for (const int bound : {likely_bound, unreached}) {
         // The bound has the parity of this cube's solutions.
         shortest_solution = bound + (metric == quarter_turn_metric && cube.corner_parity != 1);
         const int begin = shortest_solution;
-        search_depths(cube, lower, hurry);
-        error = hurry ? 1 : error;
+        search_depths(cube, lower);
+        error = hurried ? 1 : error;
         if (shortest_solution < begin) {
-            return;
+            break;
         }
-        hurry = error != 0;
+        hurried = error != 0;
     }
+    hurried = false;
 }
 
 int stage1_search(a_node* stack) {
@@ -149,6 +149,11 @@ void output_solution(const a_node* stage1_stack, const b_node* stage2_stack) {
     }
     shortest_solution = stage1_stack->remaining + stage2_stack->remaining;
     stage2_allotment = stage2_stack->remaining - increment;
+    error = hurried ? 1 : error;
+}
+
+bool search_interrupted() {
+    return testclick() != 0 && !hurried;
 }
 
 int testclick() {

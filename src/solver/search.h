@@ -81,5 +81,9 @@ void stage2_search(const a_node* stage1_stack, b_node* stage2_stack);
 // Writes outputstring and tightens shortest_solution and stage2_allotment.
 void output_solution(const a_node* stage1_stack, const b_node* stage2_stack);
 
+// true if the search is to end, as the user asks for it. Not before there is any solution, if there
+// was none when it was asked for: the first one that turns up ends the search then.
+[[nodiscard]] bool search_interrupted();
+
 // 1 if the user asks for an end. Asks the shell on every 70001st call only, as asking is slow.
 [[nodiscard]] int testclick();

@@ -63,7 +63,7 @@ bool find_completion(const a_node* stage1_stack, b_node* stage2_stack) {
         b_node_count++;
         near2_visits += node->remaining > near2_ordinary && node->remaining <= near2_greatest;
         // 4. Let the user interrupt.
-        if (testclick() != 0) {
+        if (search_interrupted()) {
             error = 1;
             return false;
         }
