@@ -6,8 +6,9 @@
 // permutation as its class and the symmetry that takes it to the representative: a step is one
 // look-up in a table that stays in the cache.
 //
-// State     the table below: filled by corner_classes_init, constant afterwards; 0.2 MB.
-// Callers   search.
+// State     the tables below, constant once filled: the steps by corner_classes_init, 0.2 MB; the
+//           codes of the whole corners by corner_bounds_fill, 3 MB.
+// Callers   search, growth.
 // Order     corner_classes_init after the distances of cornerperm.
 #pragma once
 
@@ -43,17 +44,34 @@ classified_corners classify_corners(int cornerperm);
 
 void corner_classes_init(); // does nothing when it is done
 
-// The whole corners: how many quarter turns of any face they are at least from solved. Four bits a
-// state, up to symmetry: a class and an a_corner as its representative sees it. 3 MB.
+// The whole corners, up to symmetry: a class and an a_corner as its representative sees it. Four
+// bits a state tell two bounds. 3 MB.
 
-constexpr int corner_reach = 10; // greatest distance that is told; one more stands for all beyond
+constexpr int corner_reach = 11;        // greatest distance that may turn out to be too short
+constexpr int corner_ending_length = 4; // quarter turns of stage 1
+constexpr int corner_ending_reach = 10; // greatest number of quarter turns of stage 2, likewise
+
+struct corner_bound {
+    // Quarter turns of any face from solved, at least. The true number may be one more, as it is
+    // even if and only if the permutation is.
+    int distance;
+    // If just corner_ending_length quarter turns are left of stage 1: at least so many of stage 2
+    // follow, likewise.
+    int ending;
+};
+
+extern const corner_bound corner_bounds[16];
 
 extern bool corner_bounds_filled;
-extern std::uint64_t corner_bounds[corner_class_count][(a_corner_size + 15) / 16];
+extern std::uint64_t corner_codes[corner_class_count][(a_corner_size + 15) / 16];
 
-// Fills them; does nothing if they are. 0.03 s. false when Alt+Q interrupted.
+// Fills them; does nothing if they are. 0.07 s. false when Alt+Q interrupted.
 [[nodiscard]] bool corner_bounds_fill();
 
-inline int corner_bound(int corner_class, int corner) {
-    return static_cast<int>(corner_bounds[corner_class][corner / 16] >> corner % 16 * 4 & 15);
+inline unsigned corner_code(int corner_class, int corner) {
+    return static_cast<unsigned>(corner_codes[corner_class][corner / 16] >> corner % 16 * 4 & 15);
+}
+
+inline const corner_bound& corner_bound_of(int corner_class, int corner) {
+    return corner_bounds[corner_code(corner_class, corner)];
 }

@@ -17,12 +17,14 @@ static_assert((quarter_turns ^ half_turns) == lead_mask && (quarter_turns & half
 } // namespace
 
 stage1_walk::stage1_walk(a_node* root)
-    : stack(root), kept(std::min(near1_length, near1_ordinary)),
-      bits_known(near1_length == near1_greatest) {
+    : stack(root), known(near1_length), kept(std::min(near1_length, near1_ordinary)) {
+    by_bits.count = by_leads[0].count = by_leads[1].count = members.count = 0;
     for (int t = 0; t < a_twist_count; t++) {
         assert(a_metric_length[t] == ((quarter_turns >> t & 1) != 0 ? 1 : 2));
         for (int state = start_state; state < sequence_state_count; state++) {
-            if (a_twist_list_ptrs[t][state] != forbidden_state) {
+            const int next = a_twist_list_ptrs[t][state];
+            next_state[t / 3][state] = static_cast<std::uint8_t>(next);
+            if (next != forbidden_state) {
                 allowed[state] |= 1u << t;
             }
         }
@@ -42,8 +44,8 @@ stage1_walk::visit stage1_walk::root_visit() const {
     root.edge_class = edges.edge_class;
     root.corner = symmetry_on_corner[stack->a_corner][edges.symmetry];
     root.symmetry = edges.symmetry;
-    root.remaining = static_cast<std::uint8_t>(stack->remaining);
-    root.state = static_cast<std::uint8_t>(stack->state);
+    root.remaining = stack->remaining;
+    root.state = stack->state;
     root.corners = classify_corners(p_current_cube->cornerperm);
     root.path = 0;
     root.leads = 0;
@@ -53,36 +55,41 @@ stage1_walk::visit stage1_walk::root_visit() const {
     return root;
 }
 
-// Counts a node. false if the search is to end.
+// Counts a node. false if the search is to end, and none is visited any more.
 inline bool stage1_walk::enter() const {
+    if (error != 0) {
+        return false;
+    }
     a_node_count++;
-    if (testclick() != 0) {
+    if (search_interrupted()) {
         error = 1;
     }
     return error == 0;
 }
 
-// A child, with the path and without the leads.
-inline stage1_walk::visit stage1_walk::after(const visit& node, int twist) const {
+// A child, without path and leads.
+inline void stage1_walk::after(const visit& node, int twist, visit& child) const {
     const int seen = symmetry_on_twist[node.symmetry][twist];
     const classified_edges edges = edge_class_steps[node.edge_class].after(seen);
-    visit child;
     child.edge_class = edges.edge_class;
     child.corner = symmetry_on_corner[a_corner_steps[node.corner].after[seen]][edges.symmetry];
     child.symmetry = symmetry_on_symmetry[edges.symmetry][node.symmetry];
-    child.remaining = static_cast<std::uint8_t>(node.remaining - a_metric_length[twist]);
-    child.state = static_cast<std::uint8_t>(a_twist_list_ptrs[twist][node.state]);
+    child.remaining = node.remaining - ((half_turns >> twist & 1) != 0 ? 2 : 1);
+    child.state = next_state[twist / 3][node.state];
     child.corners = corners_after(node.corners, twist);
     child.leads = 0;
     child.path = 0;
-    return child;
 }
 
 // In a block, so many twists from its root.
-inline stage1_walk::visit stage1_walk::after(const visit& node, int twist, int level) const {
-    visit child = after(node, twist);
+inline void stage1_walk::after(const visit& node, int twist, int level, visit& child) const {
+    after(node, twist, child);
     child.path = node.path | static_cast<std::uint64_t>(twist) << (path_top - path_bits * level);
-    return child;
+}
+
+inline void stage1_walk::after_seen(const candidate& from, int level, visit& child) const {
+    const visit& parent = chunk[from.parent];
+    after(parent, symmetry_on_twist[inverse_symmetry[parent.symmetry]][from.seen], level, child);
 }
 
 // The leads that a table tells, as the real cube has them.
@@ -101,10 +108,14 @@ inline int stage1_walk::limit_of(const visit& node) const {
     return stage2_allotment + (found && node.path < found_path ? increment : 0);
 }
 
-// true if the whole corners cannot be solved within what is left of both stages.
+// true if the whole corners cannot be solved within what is left of both stages. Not asked below
+// the length of the endings: hardly any node is left there.
 inline bool stage1_walk::too_far(const visit& node) const {
-    const int left = node.remaining + limit_of(node);
-    if (left > corner_reach) {
+    const int limit = limit_of(node);
+    const int left = node.remaining + limit;
+    const bool ending = node.remaining == corner_ending_length;
+    if (node.remaining < corner_ending_length ||
+        (ending ? limit > corner_ending_reach : left > corner_reach)) {
         return false;
     }
     corner_visits++;
@@ -112,7 +123,9 @@ inline bool stage1_walk::too_far(const visit& node) const {
         return false;
     }
     const int view = symmetry_on_symmetry[node.corners.symmetry][inverse_symmetry[node.symmetry]];
-    return corner_bound(node.corners.corner_class, symmetry_on_corner[node.corner][view]) > left;
+    const corner_bound bound =
+        corner_bound_of(node.corners.corner_class, symmetry_on_corner[node.corner][view]);
+    return ending ? bound.ending > limit : bound.distance > left;
 }
 
 // Node by node. false when the search is at its end.
@@ -125,7 +138,8 @@ bool stage1_walk::walk_far(int depth, const visit& here) {
     }
     for (std::uint32_t twists = allowed[here.state]; twists != 0; twists &= twists - 1) {
         const int t = std::countr_zero(twists);
-        const visit child = after(here, t);
+        visit child;
+        after(here, t, child);
         stack[depth + 1].remaining = child.remaining;
         stack[depth + 1].twist = t;
         stack[depth + 1].state = child.state;
@@ -158,21 +172,26 @@ bool stage1_walk::walk_block(int depth, const visit& root) {
 
 // Visits the nodes of a list, so many twists from the block's root, and all below them. false when
 // interrupted.
-bool stage1_walk::walk_list(const visit_list& list, int level) {
+bool stage1_walk::walk_list(visit_list& list, int level) {
     visit_list& out = lists[level + 1];
     out.count = 0;
     for (int begin = 0; begin < list.count; begin += chunk_size) {
-        const int count = std::min(chunk_size, list.count - begin);
-        for (int i = 0; i < count; i++) {
-            if (!enter()) {
-                return false;
-            }
+        chunk = list.nodes + begin;
+        chunk_count = std::min(chunk_size, list.count - begin);
+        if (!enter_chunk(level, out)) {
+            return false;
         }
-        const visit* chunk = list.nodes + begin;
-        gather(chunk, count);
-        sift_by_bits(chunk, level, out);
-        sift_by_leads(chunk, level, out);
-        const bool last = begin + count == list.count;
+        // 1. What is asked of the quarter turns decides on the half turns.
+        gather_quarters(level, out);
+        sift_by_bits(level, out);
+        sift_by_leads(kept);
+        gather_halves(level, out);
+        sift_by_bits(level, out);
+        sift_by_leads(kept);
+        sift_by_leads(kept - 1);
+        add_members(level, out);
+        // 2. Down.
+        const bool last = begin + chunk_size >= list.count;
         if (out.count >= list_enough || (last && out.count > 0)) {
             if (!walk_list(out, level + 1)) {
                 return false;
@@ -183,98 +202,178 @@ bool stage1_walk::walk_list(const visit_list& list, int level) {
     return error == 0;
 }
 
-// Adds the children by some twists of a cost to the candidates, but for those that the edges
-// forbid. ask turns a state's number into what is asked.
-template <typename question>
-inline void stage1_walk::gather_some(const visit* chunk, int parent, std::uint32_t twists, int cost,
-                                     candidate_list& to, question ask) {
-    const visit& node = chunk[parent];
-    const int remaining = node.remaining - cost;
-    const edge_class_row& edges = edge_class_steps[node.edge_class];
-    const corner_steps& corners = a_corner_steps[node.corner];
-    const auto& seen_twists = symmetry_on_twist[node.symmetry];
-    candidate* next = to.entries + to.count;
-    for (; twists != 0; twists &= twists - 1) {
-        const auto t = static_cast<unsigned>(std::countr_zero(twists));
-        const int seen = seen_twists[t];
-        const classified_edges step = edges.after(seen);
-        const unsigned corner = symmetry_on_corner[corners.after[seen]][step.symmetry];
-        *next = {ask(near1_number(step.edge_class, corner)), static_cast<std::uint8_t>(remaining),
-                 static_cast<std::uint8_t>(parent), static_cast<std::uint8_t>(t)};
-        next += step.distance <= remaining ? 1 : 0;
+// Visits the chunk's nodes, and follows the leads of those that have any. false when interrupted.
+bool stage1_walk::enter_chunk(int level, visit_list& out) {
+    for (int i = 0; i < chunk_count; i++) {
+        visit& node = chunk[i];
+        seen_halves[i] = 0;
+        const bool led = node.remaining <= kept;
+        if (led && node.leads == 0) {
+            node.leads = leads_of(node);
+            if (node.leads == 0) {
+                continue;
+            }
+        }
+        if (!enter()) {
+            return false;
+        }
+        if (led) {
+            follow(node, level, out);
+        }
     }
-    to.count = static_cast<int>(next - to.entries);
+    return true;
 }
 
-// The children that the edges allow, or the leads of the nodes. What near1 knows of them is far
-// apart in memory, and all of it is asked for at once.
-void stage1_walk::gather(const visit* chunk, int count) {
-    by_leads.count = by_bits.count = unasked.count = 0;
-    for (int i = 0; i < count; i++) {
+// The children by the leads of a node. Their own are looked up later, and fetched till then.
+void stage1_walk::follow(const visit& node, int level, visit_list& out) {
+    for (std::uint32_t twists = node.leads; twists != 0; twists &= twists - 1) {
+        visit& child = out.nodes[out.count];
+        after(node, std::countr_zero(twists), level, child);
+        if (too_far(child)) {
+            continue;
+        }
+        if (child.remaining > near_length) {
+            const lead_table& table = near1_leads[child.remaining];
+            __builtin_prefetch(lead_bucket(table, lead_hash(table, child.number())));
+            __builtin_prefetch(edge_class_steps + child.edge_class);
+            out.count++;
+            continue;
+        }
+        child.leads = leads_of(child);
+        if (child.leads != 0) {
+            walk_near(child, level + 1);
+        }
+    }
+}
+
+// The children of the other nodes by quarter turns
+void stage1_walk::gather_quarters(int level, visit_list& out) {
+    for (int i = 0; i < chunk_count; i++) {
         const visit& node = chunk[i];
+        if (node.remaining <= kept) {
+            continue;
+        }
         near1_visits += node.remaining == near1_ordinary + 1 ? 1 : 0;
-        const std::uint32_t twists = node.remaining <= kept ? node.leads : allowed[node.state];
-        for (const int cost : {1, 2}) {
-            const std::uint32_t some = twists & (cost == 1 ? quarter_turns : half_turns);
-            const int remaining = node.remaining - cost;
-            if (remaining <= kept) {
-                const lead_table table = near1_leads[remaining];
-                gather_some(chunk, i, some, cost, by_leads, [&](std::uint32_t number) {
-                    const std::uint32_t hash = lead_hash(table, number);
-                    __builtin_prefetch(lead_bucket(table, hash));
-                    return hash;
-                });
-            } else if (remaining == near1_greatest && bits_known) {
-                gather_some(chunk, i, some, cost, by_bits, [](std::uint32_t number) {
-                    __builtin_prefetch(near1_greatest_bits + number / 64);
-                    return number;
-                });
-            } else {
-                gather_some(chunk, i, some, cost, unasked,
-                            [](std::uint32_t number) { return number; });
+        const std::uint32_t seen = symmetry_on_twists(node.symmetry, allowed[node.state]);
+        seen_halves[i] = seen & half_turns;
+        passed[i] = node.remaining - 1 > known ? seen : 0;
+        gather(i, seen & quarter_turns, node.remaining - 1, level, out);
+    }
+}
+
+// By half turns, where both quarter turns have passed
+void stage1_walk::gather_halves(int level, visit_list& out) {
+    for (int i = 0; i < chunk_count; i++) {
+        const std::uint32_t seen = seen_halves[i] & passed[i] << 1 & passed[i] >> 1;
+        if (seen != 0) {
+            gather(i, seen, chunk[i].remaining - 2, level, out);
+        }
+    }
+}
+
+// Adds the children by some twists, with so much left, to the candidates, or to the list if nothing
+// is known of that length: but for those that the edges forbid. What near1 knows of them is far
+// apart in memory, and all of it is asked for at once.
+inline void stage1_walk::gather(int parent, std::uint32_t seen_twists, int remaining, int level,
+                                visit_list& out) {
+    if (remaining <= kept) {
+        const lead_table table = near1_leads[remaining];
+        gather_some(parent, seen_twists, remaining, by_leads[kept - remaining],
+                    [table](std::uint32_t number) {
+                        const std::uint32_t hash = lead_hash(table, number);
+                        __builtin_prefetch(lead_bucket(table, hash));
+                        return hash;
+                    });
+    } else if (remaining <= known) {
+        gather_some(parent, seen_twists, remaining, by_bits, [](std::uint32_t number) {
+            __builtin_prefetch(near1_greatest_bits + number / 64);
+            return number;
+        });
+    } else {
+        const edge_class_row& edges = edge_class_steps[chunk[parent].edge_class];
+        for (; seen_twists != 0; seen_twists &= seen_twists - 1) {
+            const int seen = std::countr_zero(seen_twists);
+            if (edges.after(seen).distance <= remaining) {
+                visit& child = out.nodes[out.count++];
+                after_seen(
+                    {0, static_cast<std::uint16_t>(parent), static_cast<std::uint16_t>(seen)},
+                    level, child);
+                __builtin_prefetch(edge_class_steps + child.edge_class);
             }
         }
     }
 }
 
-// Adds the candidates that the bits let pass to the list, and those of which nothing is known.
-void stage1_walk::sift_by_bits(const visit* chunk, int level, visit_list& out) {
-    for (int i = 0; i < by_bits.count; i++) {
-        unasked.entries[unasked.count] = by_bits.entries[i];
-        unasked.count += near1_greatest_has(by_bits.entries[i].asked) ? 1 : 0;
+// ask turns a state's number into what is asked.
+template <typename question>
+inline void stage1_walk::gather_some(int parent, std::uint32_t seen_twists, int remaining,
+                                     candidate_list& to, question ask) {
+    const visit& node = chunk[parent];
+    const edge_class_row& edges = edge_class_steps[node.edge_class];
+    const corner_steps& corners = a_corner_steps[node.corner];
+    candidate* next = to.entries + to.count;
+    for (; seen_twists != 0; seen_twists &= seen_twists - 1) {
+        const int seen = std::countr_zero(seen_twists);
+        const classified_edges step = edges.after(seen);
+        const unsigned corner = symmetry_on_corner[corners.after[seen]][step.symmetry];
+        *next = {ask(near1_number(step.edge_class, corner)), static_cast<std::uint16_t>(parent),
+                 static_cast<std::uint16_t>(seen)};
+        next += step.distance <= remaining ? 1 : 0;
     }
-    for (int i = 0; i < unasked.count; i++) {
-        const candidate& to = unasked.entries[i];
-        const visit child = after(chunk[to.parent], to.twist, level);
-        __builtin_prefetch(edge_class_steps + child.edge_class);
-        out.nodes[out.count++] = child;
-    }
+    to.count = static_cast<int>(next - to.entries);
 }
 
-// Adds the candidates that have leads, and visits those near the subgroup at once.
-void stage1_walk::sift_by_leads(const visit* chunk, int level, visit_list& out) {
-    std::uint32_t seen[chunk_children + 1];
+// Adds the candidates that the bits let pass to the list.
+void stage1_walk::sift_by_bits(int level, visit_list& out) {
     int count = 0;
-    for (int i = 0; i < by_leads.count; i++) {
-        const candidate to = by_leads.entries[i];
-        seen[count] = lead_find(lead_bucket(near1_leads[to.remaining], to.asked), to.asked);
-        by_leads.entries[count] = to;
-        count += seen[count] != 0 ? 1 : 0;
+    for (int i = 0; i < by_bits.count; i++) {
+        const candidate to = by_bits.entries[i];
+        const std::uint32_t member = near1_greatest_has(to.asked) ? 1 : 0;
+        by_bits.entries[count] = to;
+        count += static_cast<int>(member);
+        passed[to.parent] |= member << to.seen;
     }
     for (int i = 0; i < count; i++) {
-        const candidate& to = by_leads.entries[i];
-        visit child = after(chunk[to.parent], to.twist, level);
-        child.leads = leads_of(child, seen[i]);
+        visit& child = out.nodes[out.count++];
+        after_seen(by_bits.entries[i], level, child);
+        __builtin_prefetch(edge_class_steps + child.edge_class);
+    }
+    by_bits.count = 0;
+}
+
+// Keeps the candidates that have leads.
+void stage1_walk::sift_by_leads(int length) {
+    candidate_list& asked = by_leads[kept - length];
+    const lead_table table = near1_leads[length];
+    for (int i = 0; i < asked.count; i++) {
+        const candidate to = asked.entries[i];
+        const std::uint32_t leads = lead_find(lead_bucket(table, to.asked), to.asked);
+        const std::uint32_t member = leads != 0 ? 1 : 0;
+        member_leads[members.count] = leads;
+        members.entries[members.count] = to;
+        members.count += static_cast<int>(member);
+        passed[to.parent] |= member << to.seen;
+    }
+    asked.count = 0;
+}
+
+// Adds them to the list, and visits those near the subgroup at once.
+void stage1_walk::add_members(int level, visit_list& out) {
+    for (int i = 0; i < members.count; i++) {
+        visit& child = out.nodes[out.count];
+        after_seen(members.entries[i], level, child);
+        child.leads = leads_of(child, member_leads[i]);
         if (child.leads == 0 || too_far(child)) {
             continue;
         }
-        if (child.remaining <= near_length) {
-            walk_near(child, level + 1);
-        } else {
+        if (child.remaining > near_length) {
             __builtin_prefetch(edge_class_steps + child.edge_class);
-            out.nodes[out.count++] = child;
+            out.count++;
+        } else {
+            walk_near(child, level + 1);
         }
     }
+    members.count = 0;
 }
 
 // A node with its leads, so many twists from the block's root, and all below it.
@@ -287,12 +386,13 @@ void stage1_walk::walk_near(const visit& node, int level) {
         return;
     }
     for (std::uint32_t twists = node.leads; twists != 0; twists &= twists - 1) {
-        visit child = after(node, std::countr_zero(twists), level);
+        visit child;
+        after(node, std::countr_zero(twists), level, child);
         // The last twist must lead into the subgroup, and no table is trusted with that.
         bool leads = child.number() == 0;
         if (child.remaining > 0) {
-            child.leads = leads_of(child);
-            leads = child.leads != 0 && !too_far(child);
+            child.leads = too_far(child) ? 0 : leads_of(child);
+            leads = child.leads != 0;
         }
         if (leads) {
             walk_near(child, level + 1);

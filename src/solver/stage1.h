@@ -8,6 +8,11 @@
 // know of each is far away in memory; and the last of it, where the tables are small, node by
 // node again.
 //
+// Where leads are kept, a node follows its own. Farther out it asks for its children, first for
+// those by quarter turns: a half turn leads on only if both quarter turns of its face do, each
+// followed by the other half. (Not if what follows it began with the same face: but that is no
+// sequence.)
+//
 // Within a block solutions are not met in the order of the twists. So of two of the same length the
 // one whose sequence comes first counts: what a completed depth leaves is the first sequence that
 // attains the depth's least total, as if all had been tried in order.
@@ -41,14 +46,15 @@ class stage1_walk {
     static constexpr int path_top = 64 - path_bits;
     static_assert(a_twist_count <= 1 << path_bits && block_length * path_bits <= 64);
 
+    // Whole words where halves would do: what was written in parts is slow to be read at once.
     struct visit {
         std::uint16_t edge_class;
-        std::uint16_t corner;  // as the representative of the class sees it
-        std::uint8_t symmetry; // takes the real cube to the representative
-        std::uint8_t remaining;
-        std::uint8_t state; // sequence_state
+        std::uint16_t corner; // as the representative of the class sees it
+        int symmetry;         // takes the real cube to the representative
+        int remaining;
+        int state; // sequence_state
         classified_corners corners;
-        std::uint32_t leads; // the twists that lead on, where near1 keeps those of the length left
+        std::uint32_t leads; // the twists that lead on, where near1 keeps them; 0 if not looked up
         std::uint64_t path;
 
         std::uint32_t number() const { return near1_number(edge_class, corner); }
@@ -56,10 +62,9 @@ class stage1_walk {
 
     // A child that a node may have: a state of which a table of near1 is asked.
     struct candidate {
-        std::uint32_t asked; // number, or hash
-        std::uint8_t remaining;
-        std::uint8_t parent; // in its chunk
-        std::uint8_t twist;
+        std::uint32_t asked;  // number, or hash
+        std::uint16_t parent; // in the chunk
+        std::uint16_t seen;   // the twist, as the parent's representative sees it
     };
 
     // So many nodes are asked for together; those that they leave make a list, which is walked when
@@ -82,19 +87,25 @@ class stage1_walk {
     visit root_visit() const;
     bool walk_far(int depth, const visit& here);
     bool walk_block(int depth, const visit& root);
-    bool walk_list(const visit_list& list, int level);
+    bool walk_list(visit_list& list, int level);
     void walk_near(const visit& node, int level);
 
-    void gather(const visit* chunk, int count);
+    bool enter_chunk(int level, visit_list& out);
+    void follow(const visit& node, int level, visit_list& out);
+    void gather_quarters(int level, visit_list& out);
+    void gather_halves(int level, visit_list& out);
+    void gather(int parent, std::uint32_t seen_twists, int remaining, int level, visit_list& out);
     template <typename question>
-    static void gather_some(const visit* chunk, int parent, std::uint32_t twists, int cost,
-                            candidate_list& to, question ask);
-    void sift_by_bits(const visit* chunk, int level, visit_list& out);
-    void sift_by_leads(const visit* chunk, int level, visit_list& out);
+    void gather_some(int parent, std::uint32_t seen_twists, int remaining, candidate_list& to,
+                     question ask);
+    void sift_by_bits(int level, visit_list& out);
+    void sift_by_leads(int length);
+    void add_members(int level, visit_list& out);
 
     bool enter() const;
-    visit after(const visit& node, int twist) const;
-    visit after(const visit& node, int twist, int level) const;
+    void after(const visit& node, int twist, visit& child) const;
+    void after(const visit& node, int twist, int level, visit& child) const;
+    void after_seen(const candidate& from, int level, visit& child) const;
     std::uint32_t leads_of(const visit& node, std::uint32_t seen) const;
     std::uint32_t leads_of(const visit& node) const;
     int limit_of(const visit& node) const;
@@ -102,9 +113,10 @@ class stage1_walk {
     void junction(const visit& node);
 
     a_node* stack;
-    const int kept;        // length up to which leads are kept
-    const bool bits_known; // if the bits of the greatest length are filled
+    const int known; // length up to which members are told from others
+    const int kept;  // length up to which their leads are kept
     std::uint32_t allowed[sequence_state_count] = {}; // twists, by the state of the sequence
+    std::uint8_t next_state[twist_face_count][sequence_state_count] = {};
 
     // The block in work
     int block_depth = 0; // of its root
@@ -112,8 +124,17 @@ class stage1_walk {
     bool found = false; // if a solution was found in it: by this path
     std::uint64_t found_path = 0;
 
-    // The chunk in work: of which the leads are asked, the bits, and nothing
-    candidate_list by_leads, by_bits, unasked;
+    // The chunk in work, and by node: the half turns that may be asked for, and the quarter turns
+    // that lead to members
+    visit* chunk = nullptr;
+    int chunk_count = 0;
+    std::uint32_t seen_halves[chunk_size];
+    std::uint32_t passed[chunk_size];
+
+    // Its candidates: of which the bits are asked, and the leads, of the length kept and the one
+    // below; and those that were found to have leads
+    candidate_list by_bits, by_leads[2], members;
+    std::uint32_t member_leads[chunk_children + 1];
 
     visit_list
         lists[block_length - near_length + 1]; // by the number of twists from the block's root

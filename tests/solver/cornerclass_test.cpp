@@ -4,7 +4,9 @@
 #include "solver/pruning.h"
 #include "solver/solver.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
+#include <iterator>
 #include <random>
 #include <vector>
 
@@ -31,9 +33,9 @@ struct CornerClass : testing::Test {
     static inline bool filled_when_interrupted, filled_later;
 };
 
-int bound_of(int cornerperm, int corner) {
+corner_bound bound_of(int cornerperm, int corner) {
     const classified_corners view = classify_corners(cornerperm);
-    return corner_bound(view.corner_class, symmetry_on_corner[corner][view.symmetry]);
+    return corner_bound_of(view.corner_class, symmetry_on_corner[corner][view.symmetry]);
 }
 
 // How many quarter turns each state of the whole corners is from solved, as far as greatest.
@@ -57,6 +59,55 @@ std::vector<std::uint8_t> corner_distances(int greatest) {
         layer = std::move(next);
     }
     return distance;
+}
+
+struct state {
+    int perm, corner;
+
+    state after(int t) const {
+        return {a_twist_on_cornerperm_ptrs[t][perm], twist_on_corner_ptrs[t][corner]};
+    }
+};
+
+state somewhere() {
+    return {below(cornerperm_size), below(a_corner_size)};
+}
+
+// From an end of stage 1 that so many random twists of stage 2 solve, so many quarter turns back.
+state before_the_end(int stage2_twists, int quarter_turns) {
+    state x = {0, 0};
+    for (int i = 0; i < stage2_twists; i++) {
+        x.perm = b_twist_on_cornerperm_ptrs[below(b_twist_count)][x.perm];
+    }
+    for (int i = 0; i < quarter_turns; i++) {
+        x = x.after(below(6) * 3 + below(2) * 2);
+    }
+    return x;
+}
+
+// The distance, told that of the states near the solved one: 255 for others.
+int distance_from(const std::vector<std::uint8_t>& distances, state x, int steps) {
+    int least = distances[static_cast<std::size_t>(x.perm) * a_corner_size +
+                          static_cast<std::size_t>(x.corner)];
+    for (int t = 0; t < a_twist_count && steps > 0; t += t % 3 == 0 ? 2 : 1) {
+        least = std::min(least, 1 + distance_from(distances, x.after(t), steps - 1));
+    }
+    return least;
+}
+
+// The shortest ending behind just so many quarter turns, none after its own face.
+int shortest_ending(state x, int left, int last_face) {
+    if (left == 0) {
+        return x.corner == 0 ? cornerperm_dist_table[x.perm] : 255;
+    }
+    int least = 255;
+    for (int t = 0; t < a_twist_count; t++) {
+        const int cost = t % 3 == 1 ? 2 : 1;
+        if (t / 3 != last_face && cost <= left) {
+            least = std::min(least, shortest_ending(x.after(t), left - cost, t / 3));
+        }
+    }
+    return least;
 }
 
 } // namespace
@@ -83,27 +134,48 @@ TEST_F(CornerClass, AnInterruptLeavesTheBoundsForLater) {
     EXPECT_TRUE(filled_later);
 }
 
-TEST_F(CornerClass, BoundsAreTheDistancesOfAPlainSearch) {
-    constexpr int greatest = 8;
-    const std::vector<std::uint8_t> distance = corner_distances(greatest);
-    for (int perm = 0; perm < cornerperm_size; perm += 7) {
-        for (int corner = 0; corner < a_corner_size; corner++) {
-            const int told = bound_of(perm, corner);
-            const int known = distance[static_cast<std::size_t>(perm * a_corner_size + corner)];
-            ASSERT_EQ(told <= greatest ? told : 255, known) << perm << ' ' << corner;
-        }
+TEST_F(CornerClass, DistancesAreThoseOfAPlainSearchInPairs) {
+    const std::vector<std::uint8_t> near = corner_distances(8);
+    int met[13] = {};
+    for (int i = 0; i < 30000; i++) {
+        const state x = i % 4 == 0 ? before_the_end(0, 1 + i % 13) : somewhere();
+        const bool even = cornerperm_dist_table[x.perm] % 2 == 0;
+        const int distance = std::min(distance_from(near, x, 2), even ? 12 : 11);
+        EXPECT_EQ(distance % 2 == 0, even);
+        const int told = distance < 8 ? 0 : distance / 2 * 2;
+        ASSERT_EQ(bound_of(x.perm, x.corner).distance, told) << x.perm << ' ' << x.corner;
+        met[distance]++;
     }
+    for (int distance = 1; distance <= 12; distance++) {
+        EXPECT_GT(met[distance], 0) << distance;
+    }
+}
+
+TEST_F(CornerClass, EndingsAreThoseOfAPlainSearchAsFarAsTheCodesTell) {
+    bool met[std::size(corner_bounds)] = {};
+    for (int i = 0; i < 4000; i++) {
+        const state x = i % 2 == 0 ? before_the_end(i / 2 % 14, corner_ending_length) : somewhere();
+        const corner_bound told = bound_of(x.perm, x.corner);
+        const int ending = shortest_ending(x, corner_ending_length, -1);
+        int expected = 0;
+        for (const corner_bound& code : corner_bounds) {
+            if (code.distance == told.distance && code.ending <= ending) {
+                expected = std::max(expected, code.ending);
+            }
+        }
+        ASSERT_EQ(told.ending, expected) << x.perm << ' ' << x.corner << ": " << ending;
+        const classified_corners view = classify_corners(x.perm);
+        met[corner_code(view.corner_class, symmetry_on_corner[x.corner][view.symmetry])] = true;
+    }
+    EXPECT_EQ(std::count(std::begin(met), std::end(met), false), 0);
 }
 
 TEST_F(CornerClass, NoBoundIsMoreThanTheTurnsThatWereMade) {
     for (int walk = 0; walk < 300000; walk++) {
-        int perm = 0;
-        int corner = 0;
+        state x = {0, 0};
         for (int length = 1; length <= corner_reach + 2; length++) {
-            const int t = below(6) * 3 + below(2) * 2;
-            perm = a_twist_on_cornerperm_ptrs[t][perm];
-            corner = twist_on_corner_ptrs[t][corner];
-            ASSERT_LE(bound_of(perm, corner), length);
+            x = x.after(below(6) * 3 + below(2) * 2);
+            ASSERT_LE(bound_of(x.perm, x.corner).distance, length);
         }
     }
 }

@@ -243,3 +243,23 @@ TEST_F(Near, TheGreatestLengthHasOnlyMembers) {
     }
     EXPECT_GT(members, 2000); // one in fourteen
 }
+
+// What the search does not ask for, as both quarter turns must have passed before.
+TEST_F(Near, WhereAHalfTurnLeadsOnBothQuarterTurnsDo) {
+    ASSERT_TRUE(greatest_later);
+    constexpr int outwards[] = {0, 2, 3, 5, 9, 11, 12, 14};
+    for (int i = 0; i < 200000; i++) {
+        place x;
+        int t = outwards[below(8)];
+        x.turn(t);
+        const int length = 5 + i % (near1_greatest - 5);
+        for (int n = 1; n < length; n++) {
+            t = (t / 3 * 3 + 3 + below(5) * 3 + below(2) * 2) % a_twist_count; // of another face
+            x.turn(t);
+        }
+        const int face = (t / 3 + 1 + below(5)) % 6;
+        x.turn(3 * face);
+        ASSERT_TRUE(length + 1 == near1_greatest ? in_greatest(x.corner, x.edges)
+                                                 : leads_of(x.corner, x.edges, length + 1) != 0);
+    }
+}
