@@ -54,6 +54,7 @@ int lostdisplay(Display*) {
 
 void opendisplay() {
     Fl::fatal = failure;
+    setenv("FLTK_BACKEND", "x11", 1); // a newer toolkit would rather have Wayland, and we ask X
     fl_open_display();
     XSetIOErrorHandler(lostdisplay);
     if (!viewpossible()) {
@@ -98,8 +99,13 @@ void readarguments(int argc, char** argv) {
 // serif, often a wider face that runs over the frames; asked for by name, Helvetica is matched by a
 // face of the same widths where there is one.
 void choosefonts() {
+#if FL_MINOR_VERSION >= 4
+    Fl::set_font(FL_HELVETICA, "Helvetica");
+    Fl::set_font(FL_HELVETICA_BOLD, "Helvetica bold");
+#else
     Fl::set_font(FL_HELVETICA, " Helvetica");
     Fl::set_font(FL_HELVETICA_BOLD, "BHelvetica");
+#endif
 }
 
 // Waits until the window is painted, and so on the screen: not before is it known where a window

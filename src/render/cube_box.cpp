@@ -55,7 +55,11 @@ void cube_box::draw() {
     if (context_valid() == 0) {
         dontwaitforbeam();
     }
+#if FL_MINOR_VERSION >= 4
+    setupeye(pixel_w(), pixel_h()); // the toolkit's own units may be larger
+#else
     setupeye(w(), h());
+#endif
     PushMatrix();
     setupcube();
     facelistcount = 0;
