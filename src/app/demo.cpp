@@ -55,7 +55,7 @@ void toggledemo() {
     }
     demomode = 1;
     demo->copy_label("Stop Demo");
-    recordstop();
+    recordstop(); // the demo's turns would fill it
     rundemo();
 }
 

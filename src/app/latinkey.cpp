@@ -47,6 +47,7 @@ int letterofgroups(XkbDescPtr keyboard, KeyCode code) {
     return 0;
 }
 
+// The third and the fourth letter of a key's name are its number in the row, from 01.
 int letterofplace(XkbDescPtr keyboard, KeyCode code) {
     const char* name = keyboard->names->keys[code].name;
     for (const row& r : rows) {
@@ -77,6 +78,7 @@ int letterof(XkbDescPtr keyboard, KeyCode code) {
 
 } // namespace
 
+// Without a press there is no key to look at, only a letter.
 int latinkey(int key) {
     const bool unknown = isforeign(key) || key == 0;
     if (!unknown || fl_xevent == nullptr || fl_xevent->type != KeyPress) {

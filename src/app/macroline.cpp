@@ -83,6 +83,7 @@ void applymacro() {
     parsemacro(macro->c_str(), static_cast<int>(macro->size()), direct, backwards);
 }
 
+// The place may lie behind the end: the line can be shortened between two steps.
 void singlestepmacro() {
     const char* text = macroline();
     const int length = static_cast<int>(std::strlen(text));

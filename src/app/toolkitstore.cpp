@@ -13,6 +13,7 @@ constinit char nohome[] = "HOME=/dev/null"; // no file lies below it, and none c
 constinit char** entry = nullptr;           // in the environment; null while nothing is hidden
 constinit char* home = nullptr;             // what stood there
 
+// The entry itself is exchanged: whoever asks for HOME looks through this very array.
 void hidehome(int, char**, char** environment) {
     for (char** at = environment; *at != nullptr; at++) {
         if (std::strncmp(*at, "HOME=", 5) == 0) {

@@ -24,6 +24,7 @@ constexpr const char* const corner_cubie_string[] = {
 
 namespace {
 
+// That the other readings of a cubie are 12, or 8 and 16, names further on is reckoned with below.
 constexpr bool flips_are_reversals() {
     for (int i = 0; i < edge_count; i++) {
         if (edge_cubie_string[i][0] != edge_cubie_string[i + edge_count][1] ||

@@ -40,6 +40,7 @@ void cycle(int* p, const int (&positions)[4]) {
     four_cycle(p, positions[0], positions[1], positions[2], positions[3]);
 }
 
+// First where they go, then how they lie there: what a row adds is added at the places of arrival.
 int twist_on_corner(int face, int index) {
     const face_cycle_row& row = face_cycles[face];
     int twists[corners];

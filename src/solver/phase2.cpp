@@ -296,6 +296,7 @@ void edge_transform_tables_init() {
     sliceedge_to_midperm_init(sliceedge_to_midperm);
 }
 
+// a_eloc comes before the edges of stage 2, which are unpacked by its conversion.
 void transformation_tables_init() {
     a_twist_on_corner_init(twist_on_corner_table, twist_on_corner_ptrs);
     a_twist_on_eflip_init(twist_on_eflip_table, twist_on_eflip_ptrs);

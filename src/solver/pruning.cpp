@@ -192,6 +192,7 @@ void a_corner_eflip_dist_init(std::uint8_t* table, std::uint8_t** ptrs) {
 void a_corner_eloc_dist_init(std::uint8_t* table, std::uint8_t** ptrs) {
     symmetry_tables_init();
     point_rows(table, ptrs, a_corner_size, a_eloc_size);
+    // All sixteen: where edges stand asks for no front and no left.
     const symmetry_classes classes = classes_of_corner(all_symmetries);
     const auto twists = stage1_twists();
     class_fill fill(

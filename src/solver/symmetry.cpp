@@ -105,6 +105,7 @@ void find_images_of_twist_sets() {
     }
 }
 
+// Symmetries that do the same to the six faces are the same.
 void find_products() {
     for (int b = 0; b < symmetry_count; b++) {
         for (int a = 0; a < symmetry_count; a++) {
@@ -125,6 +126,7 @@ void find_products() {
     }
 }
 
+// In a mirror a twist goes the other way round.
 void find_corner_images() {
     for (int x = 0; x < a_corner_size; x++) {
         int twists[corner_count];
@@ -139,6 +141,7 @@ void find_corner_images() {
     }
 }
 
+// Odd symmetries exchange the axes by which flips are told: see symmetry_on_eflip.
 void find_edge_images() {
     for (int s = 0; s < symmetry_count; s++) {
         for (int x = 0; x < a_eloc_size; x++) {
@@ -230,6 +233,7 @@ void symmetry_tables_init() {
     if (initialized) {
         return;
     }
+    // In this order: each needs what those before it have found.
     find_face_images();
     find_position_images();
     find_twist_images();

@@ -225,6 +225,8 @@ bool checkcubies(read_line& to) {
     return sanitycheckcube(cubiestext().c_str()) != 0 || refuse(to, 0, geterrorstring());
 }
 
+// Each check leans on those before it: without 54 letters no face has a fifth one, and without six
+// centres no letter has a colour.
 bool readfacelets(const line_part& part, read_line& to) {
     to.form = faceletsform;
     const facelet_text facelets = faceletsof(part.text);
@@ -246,6 +248,7 @@ bool ispropername(std::string_view word) {
            std::any_of(corner_cubie_string, corner_cubie_string + 3 * corner_count, is);
 }
 
+// One word alone is a macro, whatever its letters.
 bool looklikecubies(std::string_view text) {
     if (text.find(' ') == std::string_view::npos && text.find('\t') == std::string_view::npos) {
         return false;
@@ -266,6 +269,7 @@ void setcolor(read_line& to, int place, char letter) {
     to.colors[place] = static_cast<unsigned char>(std::strchr(faces, letter) - faces);
 }
 
+// The names are read as seen from the centres, which therefore are at home.
 void setcolors(const cubie_names& names, read_line& to) {
     for (int face = 0; face < cubefacecount; face++) {
         to.colors[face * faceplaces + 4] = static_cast<unsigned char>(face);
@@ -340,6 +344,7 @@ void notedropped(const line_part& part, read_line& to) {
     }
 }
 
+// Outside brackets the window takes no moves, so that nothing can be lost on it.
 bool readbookmoves(const line_part& part, bool certain, read_line& to, misfit& bad) {
     if (!readmoves(part.text, certain, to.moves, bad)) {
         return false;
@@ -408,6 +413,7 @@ bool readany(const line_part& part, read_line& to) {
            refusemisfit(part, asmoves.reached >= asmacro.reached ? asmoves : asmacro, to);
 }
 
+// A form that was told needs no proof: a small letter is what that form makes of it.
 bool readas(const line_part& part, line_form form, read_line& to) {
     misfit bad = {};
     const bool bracketed = part.text.starts_with('[');
@@ -440,7 +446,7 @@ std::string notetext(const line_note& note) {
 void makecube(const read_line& line) {
     initcubies();
     if (line.form == macroform || line.form == movesform) {
-        parsing = 0;
+        parsing = 0; // at once: nobody takes turns out of a queue here
         parsestring(line.macro.c_str(), static_cast<int>(line.macro.size()));
     } else {
         std::copy(std::begin(line.colors), std::end(line.colors), cubecolors);

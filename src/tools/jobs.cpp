@@ -69,6 +69,7 @@ bool receivebytes(int channel, void* bytes, std::size_t size) {
     char* rest = static_cast<char*>(bytes);
     while (size > 0) {
         const ssize_t got = recv(channel, rest, size, 0);
+        // 0: the other side has closed, as the master does in the end, or is gone.
         if (got == 0 || (got < 0 && errno != EINTR)) {
             return false;
         }
@@ -167,6 +168,7 @@ worker startworker(const answer_function& answer) {
     return {process, ends[0], false, 0};
 }
 
+// Only from the front: answers go out in the order of the lines.
 void writeready() {
     while (!waiting.empty() && waiting.front().here) {
         allgood = allgood && waiting.front().answer.good;
@@ -224,6 +226,7 @@ void startjobs(int count, const answer_function& answer) {
     }
 }
 
+// A full queue is waited for, too: behind one slow cube all others could be answered and pile up.
 void givejob(const asked_line& line) {
     while (std::all_of(workers.begin(), workers.end(), isbusy) ||
            waiting.size() >= jobsahead * workers.size()) {

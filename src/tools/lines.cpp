@@ -131,6 +131,7 @@ namespace {
 
 } // namespace
 
+// A pipe may take less than it is given, and a signal may come in between.
 void flushanswers() {
     std::string_view rest = answers;
     while (!rest.empty()) {

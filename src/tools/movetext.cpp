@@ -332,6 +332,7 @@ bool readmoves(std::string_view text, bool certain, move_text& to, misfit& bad) 
     if (book.bracketed) {
         return refuse(bad, book.at, 0, "is not closed");
     }
+    // Only now: anything in the rest of the text could have shown that these are moves.
     if (!book.certain && book.lonewide != std::string_view::npos) {
         return refuse(bad, book.at, book.lonewide,
                       "is a wide turn in moves and a turn back in a macro: --from tells which");
@@ -339,6 +340,8 @@ bool readmoves(std::string_view text, bool certain, move_text& to, misfit& bad) 
     return allclosed(book.open, book.at, bad);
 }
 
+// Follows the conversion: it knows the letters of faces with one sign behind them and passes over
+// all else. Blanks nobody misses.
 std::vector<std::size_t> droppedbywindow(std::string_view text) {
     std::vector<std::size_t> dropped;
     text_place at = {text, 1};

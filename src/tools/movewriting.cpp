@@ -193,6 +193,7 @@ void writecodes(book_writing& to) {
 
 } // namespace
 
+// Codes wait until a bracket or the end comes: a wide turn and a double one are several of them.
 std::string bookmoves(const move_text& moves) {
     book_writing to;
     walk(

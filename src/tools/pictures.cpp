@@ -51,6 +51,7 @@ std::string polygon(const eps_square& square, std::string_view letters) {
 
 } // namespace
 
+// The window's writer wants a file: this one is in memory.
 std::string epstext() {
     char* bytes = nullptr;
     std::size_t count = 0;

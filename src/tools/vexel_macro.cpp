@@ -215,6 +215,7 @@ void parseoption(int c, char** argv) {
     }
 }
 
+// What would have no effect is refused: it was meant to have one.
 void checksettings() {
     const bool scrambling = asked.scrambles != 0;
     if (scrambling && (asked.arguments || asked.named || asked.fromtold || !asked.words.empty())) {
@@ -314,6 +315,7 @@ line_answer answerjson(const asked_line& line, const read_line& read, const std:
     return answer;
 }
 
+// Values stand in one column; one of several lines stands below its title, indented.
 std::string cardentry(const property_row& row, const property_value& value) {
     constexpr std::size_t titlewidth = 16;
     std::string entry = std::string(row.name) + ":";
@@ -540,7 +542,7 @@ int main(int argc, char** argv) {
         for (const wanted_property& wanted : asked.wanted) {
             titles.push_back({wanted.row->name, textfield, ""});
         }
-        put(titlerow(titles));
+        put(titlerow(titles)); // also where no line follows: so it is a table all the same
     }
     if (asked.scrambles != 0) {
         answerscrambles();
