@@ -7,6 +7,7 @@
 #include "app/menu.h"
 #include "app/my_input.h"
 #include "app/rig.h"
+#include "app/userdata.h"
 #include "macros/library.h"
 #include "model/cube.h"
 #include "model/parser.h"
@@ -191,17 +192,17 @@ TEST_F(Dispatch, AMarkThatTheToolkitTurnedIsPutBackWhenTheCommandDidNotRun) {
     }
     screen().key(XK_Alt_L, true);
     screen().key(XK_q, true);
-    menucallback(nullptr, reinterpret_cast<void*>(113L));
+    menucallback(nullptr, userdata(113));
     screen().key(XK_q, false);
     screen().key(XK_Alt_L, false);
     EXPECT_TRUE(marked(113));
 }
 
 TEST_F(Dispatch, ShowRearCubeTogglesTheRearView) {
-    menucallback(nullptr, reinterpret_cast<void*>(113L));
+    menucallback(nullptr, userdata(113));
     EXPECT_EQ(showrear, 0);
     EXPECT_FALSE(marked(113));
-    menucallback(nullptr, reinterpret_cast<void*>(113L));
+    menucallback(nullptr, userdata(113));
     EXPECT_EQ(showrear, 1);
     EXPECT_TRUE(marked(113));
 }

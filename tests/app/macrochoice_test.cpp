@@ -4,6 +4,7 @@
 #include "app/macrorig.h"
 #include "app/mainwindow.h"
 #include "app/my_input.h"
+#include "app/userdata.h"
 #include "macros/library.h"
 #include "model/cube.h"
 #include "model/recording.h"
@@ -101,14 +102,14 @@ TEST_F(Macrochoice, ChoosingAppliesAtOnce) {
 TEST_F(Macrochoice, ChoosingWithShiftAppliesTheInverse) {
     filltable(5);
     Fl::e_state = FL_SHIFT;
-    choice_cbx(choice, reinterpret_cast<void*>(2L));
+    choice_cbx(choice, userdata(2));
     Fl::e_state = 0;
     EXPECT_TRUE(appliedonly(inversemove[2]));
 }
 
 TEST_F(Macrochoice, ChoosingByNumberAlsoMovesTheList) {
     filltable(5);
-    choice_cbx(nullptr, reinterpret_cast<void*>(4L));
+    choice_cbx(nullptr, userdata(4));
     EXPECT_EQ(4, choice->value());
     EXPECT_NE(0, choice->changed());
     EXPECT_TRUE(appliedonly(4));
@@ -118,7 +119,7 @@ TEST_F(Macrochoice, ANumberBeyondTheTableIsNotChosen) {
     filltable(3);
     choosemacro(1);
     for (const long number : {3L, 500L, -1L}) {
-        choice_cbx(nullptr, reinterpret_cast<void*>(number));
+        choice_cbx(nullptr, userdata(number));
         EXPECT_EQ(1, choice->value());
     }
     EXPECT_EQ(1, solved());

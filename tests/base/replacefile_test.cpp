@@ -22,7 +22,7 @@ class Replacefile : public testing::Test {
 
     // A file that others may write, in a folder that they may not.
     std::string closedfile(const std::string& content) const {
-        const std::string name = home.file("folder/x");
+        std::string name = home.file("folder/x");
         writefile(name, content);
         fs::permissions(name, fs::perms(0666));
         fs::permissions(home.file("folder"), fs::perms(0755));

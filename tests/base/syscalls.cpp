@@ -160,6 +160,7 @@ std::string textof(pid_t process, unsigned long long address) {
     char text[4096] = "";
     for (std::size_t size = sizeof text; size >= 16; size /= 2) { // it may end with its page
         const iovec here = {text, size - 1};
+        // NOLINTNEXTLINE(performance-no-int-to-ptr): the address is another process's
         const iovec there = {reinterpret_cast<void*>(address), size - 1};
         if (process_vm_readv(process, &here, 1, &there, 1, 0) > 0) {
             break;
