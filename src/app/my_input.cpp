@@ -10,6 +10,23 @@
 
 #include <FL/Fl.H>
 
+namespace {
+
+// Whether an arrow is held. By what is held and not by what was pressed: any event that comes while
+// the key is down, a repeat or a move of the mouse, steps on if the turn is over.
+bool arrowheld() {
+    const bool right = Fl::get_key(FL_Right) != 0;
+    const bool left = !right && Fl::get_key(FL_Left) != 0;
+    if (right && turnmode == noturn) {
+        singlestepmacro();
+    } else if (left && turnmode == noturn) {
+        revsinglestepmacro();
+    }
+    return right || left;
+}
+
+} // namespace
+
 int my_input::handle(int event) {
     if (event == FL_FOCUS) {
         return 1; // not the toolkit's: by Tab or an arrow it would move the cursor of the steps
@@ -17,18 +34,7 @@ int my_input::handle(int event) {
     if (solvingcube != 0) { // what came into the line now would give way to the solution
         return event == FL_UNFOCUS ? Fl_Input::handle(event) : 0;
     }
-    // By what is held and not by what was pressed: any event that comes while the key is down, a
-    // repeat or a move of the mouse, steps on if the turn is over.
-    if (Fl::get_key(FL_Right) != 0) {
-        if (turnmode == noturn) {
-            singlestepmacro();
-        }
-        return 1;
-    }
-    if (Fl::get_key(FL_Left) != 0) {
-        if (turnmode == noturn) {
-            revsinglestepmacro();
-        }
+    if (arrowheld()) {
         return 1;
     }
     const bool ctrl = Fl::event_state(FL_CTRL) != 0;
