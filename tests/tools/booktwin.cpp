@@ -151,7 +151,7 @@ std::string randommacro(chance& from, int symbols) {
 namespace {
 
 std::string suffix(chance& from) {
-    const std::string apostrophe = apostrophes[below(from, 3)];
+    std::string apostrophe = apostrophes[below(from, 3)];
     switch (below(from, 5)) {
     case 0: return apostrophe;
     case 1: return "2";

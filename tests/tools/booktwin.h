@@ -21,7 +21,7 @@ using chance = std::mt19937_64;
 int below(chance& from, int count); // 0..count - 1, as good as even
 
 std::string randommacro(chance& from, int symbols); // pairs and nested groups among them
-std::string randommoves(chance& from, int words);   // wide turns and nested groups among them
+std::string randommoves(chance& from, int number);  // wide turns and nested groups among them
 
 // Moves as the tools write them, none of which could be drawn together with its neighbour.
-std::string plainmoves(chance& from, int words);
+std::string plainmoves(chance& from, int number);

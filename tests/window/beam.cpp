@@ -63,8 +63,8 @@ template <class function> function real(const char* name) {
 
 } // namespace
 
-EXPORTED void glXSwapBuffers(Display* display, GLXDrawable drawable) {
-    real<void (*)(Display*, GLXDrawable)>("glXSwapBuffers")(display, drawable);
+EXPORTED void glXSwapBuffers(Display* dpy, GLXDrawable drawable) {
+    real<void (*)(Display*, GLXDrawable)>("glXSwapBuffers")(dpy, drawable);
     if (interval > 0) {
         waitforbeat();
     }

@@ -61,7 +61,7 @@ class Beam : public testing::Test {
 TEST_F(Beam, IsNotWaitedForByAnyOfTheExtensions) {
     for (const beam_row& row : beams) {
         SCOPED_TRACE(row.extension);
-        std::ofstream(log(), std::ios::trunc);
+        std::ofstream(log(), std::ios::trunc).close();
         program vexel(screen, settings(row.extension));
         EXPECT_TRUE(waitfor(5, [&] { return requests() == row.requests; })) << requests();
     }

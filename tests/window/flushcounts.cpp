@@ -5,9 +5,7 @@
 #include <csignal>
 #include <unistd.h>
 
-extern "C" {
-#include <gcov.h> // it does not know that it is read by C++
-}
+extern "C" void __gcov_dump(); // of <gcov.h>, which is the one compiler's own and no C++
 
 namespace {
 

@@ -10,13 +10,10 @@
 
 #include <dlfcn.h>
 
-extern "C" __attribute__((visibility("default"))) void glXSwapBuffers(Display* display,
-                                                                      GLXDrawable drawable);
-
-extern "C" void glXSwapBuffers(Display* display, GLXDrawable drawable) {
+extern "C" [[gnu::visibility("default")]] void glXSwapBuffers(Display* dpy, GLXDrawable drawable) {
     using swap_function = void (*)(Display*, GLXDrawable);
     static const auto swap = reinterpret_cast<swap_function>(dlsym(RTLD_NEXT, "glXSwapBuffers"));
-    swap(display, drawable);
+    swap(dpy, drawable);
     if (glXGetCurrentContext() == nullptr) {
         return;
     }
