@@ -167,6 +167,61 @@ TEST_F(Filequestion, TabCompletesAsFarAsItIsCertain) {
     });
 }
 
+TEST_F(Filequestion, TabMovesOnWhereNothingIsToBeCompleted) {
+    for (const char* name : {"", "two.txt"}) {
+        SCOPED_TRACE(name);
+        ask([&] {
+            keys(std::string(name) + "\t");
+            EXPECT_COMES(Fl::focus() != nullptr && Fl::focus() != part<Fl_Input>(1));
+            EXPECT_EQ(name, typed());
+            screen().press(XK_Escape);
+        });
+    }
+}
+
+TEST_F(Filequestion, TabWithShiftMovesBackAndCompletesNothing) {
+    ask([] {
+        keys("on");
+        screen().press(XK_Tab, shift_key);
+        EXPECT_COMES(Fl::focus() == part<Fl_Hold_Browser>());
+        EXPECT_EQ("on", typed());
+        screen().press(XK_Escape);
+    });
+}
+
+TEST_F(Filequestion, TheListComesToWhatIsTyped) {
+    for (int i = 0; i < 60; ++i) {
+        std::ofstream(file("many" + std::to_string(100 + i))) << "x";
+    }
+    ask([] {
+        EXPECT_EQ(1, part<Fl_Hold_Browser>()->topline());
+        keys("many14");
+        EXPECT_COMES(part<Fl_Hold_Browser>()->topline() == 42); // behind "deep", from many100 on
+        screen().press(XK_Escape);
+    });
+}
+
+TEST_F(Filequestion, AFolderThatIsGoneIntoHasItsFirstLineMarked) {
+    ask([&] {
+        screen().press(XK_Down);
+        screen().press(XK_Return);
+        EXPECT_COMES(folderline() == file("deep"));
+        EXPECT_EQ(1, part<Fl_Hold_Browser>()->value());
+        screen().press(XK_Escape);
+    });
+}
+
+TEST_F(Filequestion, NamesAreTakenAndShownLetterForLetter) {
+    ask([] {
+        const std::string name(300, 'n');
+        keys(name);
+        EXPECT_COMES(typed() == name);
+        EXPECT_EQ(0, part<Fl_Hold_Browser>()->format_char());
+        EXPECT_EQ(0, part<Fl_Hold_Browser>()->column_char());
+        screen().press(XK_Escape);
+    });
+}
+
 TEST_F(Filequestion, ATildeIsTheHomeFolder) {
     EXPECT_EQ(file("deep/new"), ask([] { keys("~/new\n"); }));
     EXPECT_EQ(file("deep/in.macros"), ask([] { keys("~/i\t\n"); }));
@@ -263,6 +318,7 @@ TEST_F(Filequestion, ThePatternChoosesWhatIsListedAndNotWhatIsAnswered) {
     EXPECT_EQ(file("any.thing"), ask(
                                      [] {
                                          EXPECT_EQ("deep/ one.macros other.macros ", lines());
+                                         EXPECT_EQ("Files: *.macros", note());
                                          keys("any.thing\n");
                                      },
                                      "", "*.macros"));
