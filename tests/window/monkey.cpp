@@ -204,7 +204,7 @@ struct session {
     std::unique_ptr<program> vexel;
     std::vector<std::string> done; // since the program was started
     int ends = 0;                  // how often it was ended by design
-    bool asked = false;            // to end, and not yet seen to go on
+    int asked = 0;                 // deeds in which it may still end as it was asked to
     std::size_t speedset = 0;      // deeds before the usual speed was set last
     int opened = 0;                // deeds in which a menu may still come up
     int chosen = 0;                // deeds in which "Quit" may still act that was met in a menu
@@ -221,7 +221,7 @@ struct session {
         settings.confined = true;
         vexel = std::make_unique<program>(screen, settings); // deeds of the one before are kept
         done.clear();
-        asked = false;
+        asked = 0;
         opened = 0;
         chosen = 0;
         usualspeed();
@@ -244,13 +244,14 @@ struct session {
         const wayout way = wayoutof(line);
         opened = way == wayout::opensmenu ? slowness : std::max(0, opened - 1);
         chosen = std::max(0, chosen - 1);
+        asked = std::max(0, asked - 1);
         if (way == wayout::choosesinmenu && (opened > 0 || filemenuopen(screen, *vexel))) {
             chosen = slowness;
         }
         done.push_back(line);
         dodeed(screen, *vexel, line);
         if (way == wayout::asked) {
-            asked = true;
+            asked = slowness;
             vexel->child().waitexit(vexel->dialog() == 0 ? 2 : 0);
         }
     }
@@ -270,7 +271,7 @@ bool goeson(session& s) {
     if (!status) {
         return true;
     }
-    if (*status != 0 || !(s.asked || s.chosen > 0)) {
+    if (*status != 0 || (s.asked == 0 && s.chosen == 0)) {
         throw unwell("it ended with status " + std::to_string(*status));
     }
     return false;
@@ -358,7 +359,7 @@ void look(session& s) {
     if (!quiet) {
         throw unwell("it does not come to rest, or not into sight");
     }
-    s.asked = false;
+    s.asked = 0;
     if (s.slowed()) {
         s.usualspeed();
     }
