@@ -3,6 +3,9 @@
 // Shuts the test program it is linked to into one folder: nothing outside it can be written, made,
 // renamed or removed, not by root and not by wrong code. Temporary files go into that folder, which
 // is gone at the end. On a kernel without Landlock the program runs as before.
+#include <cerrno>
+#include <cstdint>
+#include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
@@ -15,7 +18,9 @@
 
 namespace {
 
-constexpr std::uint64_t truncating = std::uint64_t{1} << 14; // newer than some headers
+// Newer than some headers.
+constexpr std::uint64_t referring = std::uint64_t{1} << 13;
+constexpr std::uint64_t truncating = std::uint64_t{1} << 14;
 
 constexpr std::uint64_t makingandremoving =
     LANDLOCK_ACCESS_FS_REMOVE_DIR | LANDLOCK_ACCESS_FS_REMOVE_FILE | LANDLOCK_ACCESS_FS_MAKE_CHAR |
@@ -29,8 +34,7 @@ std::uint64_t writing() {
     if (version < 1) {
         return 0;
     }
-    const std::uint64_t later =
-        (version >= 2 ? LANDLOCK_ACCESS_FS_REFER : 0) | (version >= 3 ? truncating : 0);
+    const std::uint64_t later = (version >= 2 ? referring : 0) | (version >= 3 ? truncating : 0);
     return LANDLOCK_ACCESS_FS_WRITE_FILE | makingandremoving | later;
 }
 
@@ -72,7 +76,8 @@ void leavetokeeper(const std::string& folder) {
     setsid(); // who kills the test program with all its group does not mean us
     close(life[1]);
     char end = 0;
-    static_cast<void>(read(life[0], &end, 1));
+    while (read(life[0], &end, 1) < 0 && errno == EINTR) {
+    }
     std::error_code ignored;
     std::filesystem::remove_all(folder, ignored);
     _exit(0);
