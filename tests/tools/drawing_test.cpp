@@ -3,6 +3,7 @@
 #include "solver/cubecheck.h"
 #include "tools/drawing.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <gtest/gtest.h>

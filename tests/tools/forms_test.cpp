@@ -10,6 +10,7 @@
 #include "tools/forms.h"
 #include "tools/movewriting.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <string>
 
