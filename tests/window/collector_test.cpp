@@ -32,8 +32,12 @@ class Collector : public windowtest {
         ASSERT_EQ(470, screen.place(dialog).h);
     }
 
+    // A quiet process alone is no proof: the server may not have drawn yet what it was asked for.
     void settle() const {
-        waitfor(60, [this] { return child->isquiet(); });
+        waitfor(60, [this] {
+            const picture before = glance();
+            return child->isquiet() && glance() == before;
+        });
     }
 
     void click(int x, int y) const {
