@@ -226,10 +226,10 @@ int printsamidst(int rear, const std::string& file) {
 
 // In a process of its own each: in this one the matrix may be kept already.
 TEST_F(Eps, DemoTurnAndRearViewDoNotShow) {
-    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    testing::GTEST_FLAG(death_test_style) = "threadsafe";
     EXPECT_EXIT(std::exit(printsamidst(0, path)), testing::ExitedWithCode(0), "");
     EXPECT_EXIT(std::exit(printsamidst(1, path)), testing::ExitedWithCode(0), "");
-    GTEST_FLAG_SET(death_test_style, "fast");
+    testing::GTEST_FLAG(death_test_style) = "fast";
 }
 
 TEST_F(Eps, MatrixIsKeptRowByRow) {
