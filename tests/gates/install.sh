@@ -46,8 +46,11 @@ fi
 diff <(cd "$prefix" && find . -type f | cut -c3- | LC_ALL=C sort) <(LC_ALL=C sort <<< "$expected")
 
 # A build that carried the path of its folder could not be built alike elsewhere.
-sources=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
-if grep -rlF -e "$sources" -e "$(realpath "$2")" "$prefix"; then
+# A path begins where no name goes on: "/vexel" is no part of "https://vexel.org".
+begun='(^|[^[:alnum:]_./-])' ended='($|[^[:alnum:]_.-])'
+sources=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd | sed 's/[^[:alnum:]/_-]/\\&/g')
+build=$(realpath "$2" | sed 's/[^[:alnum:]/_-]/\\&/g')
+if LC_ALL=C grep -arlE -e "$begun$sources$ended" -e "$begun$build$ended" "$prefix"; then
     echo "install: the files above name the folder of the sources or of the build" >&2
     exit 1
 fi
