@@ -271,7 +271,7 @@ int file_list::handle(int event) {
     }
     const int used = Fl_Hold_Browser::handle(event);
     if (event == FL_RELEASE && Fl::event_clicks() > 0) {
-        Fl::event_clicks(0); // a third click is a first one
+        Fl::event_is_click(0); // a third click is a first one
         openchosen(mine);
     } else if (event == FL_RELEASE || (event == FL_KEYBOARD && used != 0)) {
         listchosen(mine);

@@ -298,6 +298,16 @@ TEST_F(Filequestion, TheMouseAloneChoosesAFile) {
               }));
 }
 
+TEST_F(Filequestion, AThirdClickGoesIntoNoSecondFolder) {
+    ask([&] {
+        clickline(1, 3); // "deep", where the first line is a folder, too
+        screen().press(XK_z);
+        EXPECT_COMES(typed() == "z"); // behind the clicks
+        EXPECT_EQ(file("deep"), folderline());
+        screen().press(XK_Escape);
+    });
+}
+
 TEST_F(Filequestion, ATypedNameStaysWhileFoldersAreGoneThrough) {
     EXPECT_EQ(file("deep/new.macros"), ask([&] {
                   keys("new.macros");
