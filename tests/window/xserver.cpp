@@ -372,9 +372,22 @@ void xserver::movemouse(int x, int y) const {
     XSync(connection, 0);
 }
 
+bool xserver::buttonheld(int number) const {
+    Window root = 0;
+    Window child = 0;
+    int x = 0;
+    int y = 0;
+    unsigned held = 0;
+    XQueryPointer(connection, own, &root, &child, &x, &y, &x, &y, &held);
+    return (held & (Button1Mask << (number - 1))) != 0;
+}
+
+// A window manager may look at a press before the program does, and the server keeps the events of
+// the mouse back so long; those of the keyboard would overtake them.
 void xserver::button(int number, bool down) const {
     XTestFakeButtonEvent(connection, static_cast<unsigned>(number), down, CurrentTime);
     XSync(connection, 0);
+    waitfor(patience, [=, this] { return buttonheld(number) == down; });
 }
 
 void xserver::key(unsigned long keysym, bool down) const {

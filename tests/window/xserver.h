@@ -122,6 +122,7 @@ class xserver {
     void startserver(const xserver_settings& settings);
     void askmanager(windowid window, const char* what, long first, long second = 0) const;
     bool answerselection(const std::string& text) const;
+    bool buttonheld(int number) const; // as the programs have been told
 
     std::unique_ptr<process> server;
     std::unique_ptr<process> manager;
