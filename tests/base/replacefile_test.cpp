@@ -7,6 +7,7 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <poll.h>
 #include <string>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -37,6 +38,12 @@ ino_t inode(const std::string& path) {
     struct stat status = {};
     EXPECT_EQ(0, stat(path.c_str(), &status));
     return status.st_ino;
+}
+
+// Whether somebody has the pipe open to write.
+bool haswriter(int reader) {
+    pollfd pipe = {reader, 0, 0};
+    return poll(&pipe, 1, 0) >= 0 && (pipe.revents & POLLHUP) == 0;
 }
 
 } // namespace
@@ -133,13 +140,16 @@ TEST_F(Replacefile, AReaderThatStopsIsWaitedForASecondAndOneThatGoesIsAnError) {
     const std::string large(300000, 'n');
     const int reader = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
     EXPECT_EQ(EAGAIN, replacefile(path, large));
+    EXPECT_FALSE(haswriter(reader)); // it has left a full pipe
     const pid_t child = fork();
     if (child == 0) {
-        close(reader); // the other one stays until the writer waits
+        close(reader); // the other one stays until the writer has come
         const int error = replacefile(path, large);
         _exit(error == EPIPE ? 0 : 1);
     }
-    usleep(100000);
+    for (int tries = 0; !haswriter(reader) && tries < 10000; tries++) {
+        usleep(1000);
+    }
     close(reader);
     int status = -1;
     waitpid(child, &status, 0);

@@ -150,13 +150,15 @@ TEST_F(Collector, EachKindOfIllegalCubeHasItsMessage) {
     open();
     clickreset();
     std::vector<picture> seen = {message()};
-    const auto isnew = [this, &seen] {
+    const auto isempty = [this, &seen] { return glance(messageplace) == seen.front(); };
+    const auto isnew = [this, &seen, &isempty] {
+        EXPECT_TRUE(waitfor(10, [&] { return !isempty(); }));
         seen.push_back(message());
         for (std::size_t i = 0; i + 1 < seen.size(); i++) {
             EXPECT_FALSE(seen[i] == seen.back()) << i << " and " << seen.size() - 1;
         }
         clickreset();
-        EXPECT_TRUE(message() == seen.front());
+        EXPECT_TRUE(waitfor(10, isempty));
     };
     clickfacelet(8); // a corner, twisted one way and the other
     clickflip();

@@ -35,9 +35,12 @@ class Files : public testing::Test {
     // Answers the question for a name, whose answer opens an alert; then leaves that.
     void defineandbetold(program& vexel, const std::string& name, const std::string& picture) {
         vexel.choose("Define Macro");
-        vexel.waitdialog();
+        const windowid question = vexel.waitdialog();
         screen.type(name + "\n");
-        EXPECT_TRUE(vexel.waitquiet());
+        ASSERT_TRUE(waitfor(20, [&] {
+            const windowid box = vexel.dialog();
+            return box != 0 && box != question;
+        }));
         vexel.keeppicture(picture);
         vexel.answer(XK_Return);
     }
