@@ -19,7 +19,7 @@ constexpr char vendor[] = "org.vexel";
 constexpr char application[] = "vexel/preferences";
 constexpr char groupname[] = "./Vexelprefs"; // as the store has it
 
-constexpr std::size_t maxpath = 1024; // what the toolkit's buffers hold, with the NUL
+constexpr std::size_t maxpath = 256; // what the toolkit's buffers hold, with the NUL
 
 // The entries of our group in a text of the store.
 storeentries ourentries(const std::string& text) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // The store of the preferences against all that may go wrong with it.
+#include "base/replacefile.h"
 #include "base/storetext.h"
 #include "base/syscalls.h"
 #include "macros/prefrig.h"
@@ -137,7 +138,7 @@ TEST_F(Prefstore, AStoreThatCannotBeReadIsNotReplaced) {
 
 TEST_F(Prefstore, WithoutAHomeThereIsNoStore) {
     const std::string old = std::getenv("HOME");
-    for (const std::string& place : {std::string(), old + "/file", std::string(2000, 'h')}) {
+    for (const std::string& place : {old + "/file", std::string(2000, 'h')}) {
         writefile(old + "/file", "x");
         setenv("HOME", place.c_str(), 1);
         readagain();
@@ -146,14 +147,48 @@ TEST_F(Prefstore, WithoutAHomeThereIsNoStore) {
         EXPECT_EQ(0, isprefmacro("one"));
         EXPECT_EQ(100, TURNTIME);
     }
-    unsetenv("HOME");
-    readagain();
-    addprefmacro("one", "R");
-    EXPECT_EQ("alert: Couldn't write the preferences\nThere is no home folder",
-              shell.messages.back());
-    EXPECT_EQ(0, isprefmacro("one"));
+    for (const bool empty : {true, false}) {
+        empty ? setenv("HOME", "", 1) : unsetenv("HOME");
+        readagain();
+        EXPECT_EQ("", storepath());
+        addprefmacro("one", "R");
+        EXPECT_EQ("alert: Couldn't write the preferences\nThere is no home folder",
+                  shell.messages.back());
+        EXPECT_EQ(0, isprefmacro("one"));
+    }
     setenv("HOME", old.c_str(), 1);
     EXPECT_FALSE(fs::exists(store));
+}
+
+// The copy that the toolkit changes has a longer path than the store. Of one with more than 255
+// bytes the toolkit would write what the first 255 name.
+TEST_F(Prefstore, AHomeTooDeepForTheToolkitIsTold) {
+    const std::string old = std::getenv("HOME");
+    const std::string tail = "/.fltk/org.vexel/vexel/";
+    const std::string copy =
+        fs::path(newfilename("preferences.prefs")).filename().string() + "/vexel/preferences.prefs";
+    for (const int length : {254, 255, 256, 1023, 1024, 2000}) {
+        SCOPED_TRACE(length);
+        std::string deep = old;
+        const auto most = static_cast<std::size_t>(length) - tail.size() - copy.size();
+        while (deep.size() < most) {
+            const std::size_t room = most - deep.size();
+            deep += "/" + std::string(room <= 100 ? room - 1 : room == 101 ? 50 : 99, 'd');
+        }
+        setenv("HOME", deep.c_str(), 1);
+        reset();
+        addprefmacro("one", "R");
+        for (const auto& entry : fs::recursive_directory_iterator(old)) {
+            const std::string folder = entry.path().parent_path().string() + "/";
+            EXPECT_TRUE(entry.is_directory() || folder.ends_with(tail)) << entry.path();
+        }
+        EXPECT_EQ(length <= 255 ? 1 : 0, isprefmacro("one"));
+        EXPECT_EQ(length <= 255
+                      ? texts{}
+                      : texts{"alert: Couldn't write " + storepath() + "\nFile name too long"},
+                  shell.messages);
+    }
+    setenv("HOME", old.c_str(), 1);
 }
 
 TEST_F(Prefstore, AStoreBehindALinkStaysThere) {
