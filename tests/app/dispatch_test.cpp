@@ -2,6 +2,7 @@
 #include "app/demo.h"
 #include "app/dispatch.h"
 #include "app/driver.h"
+#include "app/latinkey.h"
 #include "app/macroline.h"
 #include "app/mainwindow.h"
 #include "app/menu.h"
@@ -23,6 +24,7 @@
 #include <FL/Fl_Menu_Item.H>
 #include <FL/Fl_Output.H>
 #include <FL/Fl_Window.H>
+#include <FL/x.H>
 #include <X11/keysym.h>
 
 #include <algorithm>
@@ -159,6 +161,49 @@ TEST_F(Dispatch, TheChordIsEitherAltKeyWithQ) {
         EXPECT_EQ(alt_q(), 0);
         screen().key(XK_q, false);
     }
+}
+
+// Where no key types the letter, the one that it is written on counts, or the one at its place.
+TEST_F(Dispatch, ALetterIsHeldByItsKeyInAnotherAlphabet) {
+    const auto typesq = [] {
+        pass(); // in which the toolkit hears of the layout
+        return XKeysymToKeycode(fl_display, XK_q) != 0;
+    };
+    for (const char letter : {'q', 'z', 'm'}) {
+        SCOPED_TRACE(letter);
+        const unsigned char code = screen().place(letter);
+        screen().setlayout("ru");
+        ASSERT_TRUE(waitfor(10, [&] { return !typesq(); }));
+        EXPECT_FALSE(letterheld(letter));
+        screen().holdkey(code, true);
+        EXPECT_TRUE(letterheld(letter));
+        EXPECT_FALSE(letterheld('x'));
+        screen().holdkey(code, false);
+        EXPECT_FALSE(letterheld(letter));
+        screen().setlayout("us");
+        ASSERT_TRUE(waitfor(10, typesq));
+    }
+}
+
+// A toolkit that has no number for a key tells 0.
+TEST_F(Dispatch, AKeyWithoutANumberIsTheLetterOfItsPlace) {
+    const XEvent* before = fl_xevent;
+    XEvent event = {};
+    event.type = KeyPress;
+    event.xkey.keycode = screen().place('r');
+    fl_xevent = &event;
+    EXPECT_EQ(latinkey(0), 'r');
+    EXPECT_EQ(latinkey(0x6ca), 'r'); // a Cyrillic letter
+    EXPECT_EQ(latinkey('u'), 'u');
+    EXPECT_EQ(latinkey(FL_F + 1), FL_F + 1);
+    event.xkey.keycode = screen().place('5'); // no letter is there
+    EXPECT_EQ(latinkey(0), 0);
+    event.type = KeyRelease;
+    event.xkey.keycode = screen().place('r');
+    EXPECT_EQ(latinkey(0), 0);
+    fl_xevent = nullptr;
+    EXPECT_EQ(latinkey(0), 0);
+    fl_xevent = before;
 }
 
 TEST_F(Dispatch, NoCommandRunsWhileTheInterruptChordIsHeld) {

@@ -2,6 +2,7 @@
 //
 // The file question as a person answers it, with the keys and the mouse of a private screen.
 #include "app/filequestion.h"
+#include "app/mainwindow.h"
 #include "app/rig.h"
 #include "shell.h"
 
@@ -341,6 +342,101 @@ TEST_F(Filequestion, ThePresetIsOfferedAndTypedOver) {
     EXPECT_EQ(file("one.macros"), ask([] { keys("\n"); }, "one.macros"));
     EXPECT_EQ("/gone/for/good", ask([] { keys("\n"); }, "/gone/for/good"));
     EXPECT_EQ(file("x"), ask([] { keys("x\n"); }, "/gone/for/good"));
+}
+
+TEST_F(Filequestion, TheListShowsBlanksAndLettersAndNothingThatBreaksALine) {
+    std::ofstream(file("deep/a b\n\tc\xc3\xa9")) << "x";
+    ask(
+        [] {
+            EXPECT_EQ("er/ a b??c\xc3\xa9 in.macros ", lines());
+            screen().press(XK_Escape);
+        },
+        file("deep/"));
+}
+
+TEST_F(Filequestion, TheFirstLineIsOfferedLikeOthers) {
+    std::ofstream(file("deep/er/one.macros")) << "x";
+    std::ofstream(file("deep/er/other.macros")) << "x";
+    ask(
+        [] {
+            screen().press(XK_Down);
+            EXPECT_COMES(typed() == "one.macros");
+            screen().press(XK_Down);
+            EXPECT_COMES(typed() == "other.macros");
+            screen().press(XK_Up);
+            EXPECT_COMES(typed() == "one.macros");
+            screen().press(XK_Escape);
+        },
+        file("deep/er/"));
+}
+
+TEST_F(Filequestion, AnEmptyFolderTakesNoKeyboardAndNoKeyThereDoesHarm) {
+    ask(
+        [&] {
+            EXPECT_EQ("", lines());
+            screen().press(XK_Down);
+            keys("x");
+            EXPECT_COMES(typed() == "x"); // the keyboard is still in the name
+            screen().press(XK_Tab, shift_key);
+            EXPECT_COMES(Fl::focus() == part<Fl_Hold_Browser>());
+            screen().press(XK_Return); // nothing is chosen
+            keys("y");
+            EXPECT_COMES(typed() == "xy");
+            EXPECT_EQ(file("deep/er"), folderline());
+            screen().press(XK_Escape);
+        },
+        file("deep/er/"));
+}
+
+TEST_F(Filequestion, TheFoldersKeysWorkInTheListToo) {
+    ask([&] {
+        screen().press(XK_Down);
+        screen().press(XK_Home, alt_key);
+        EXPECT_COMES(folderline() == file("deep"));
+        screen().press(XK_Up, alt_key);
+        EXPECT_COMES(folderline() == scratch.path());
+        screen().press(XK_Escape);
+    });
+}
+
+TEST_F(Filequestion, TheKeypadsEnterIsEnter) {
+    EXPECT_EQ(file("name"), ask([] { keys("name"), screen().press(XK_KP_Enter); }));
+    EXPECT_EQ(file("deep/in.macros"), ask([] {
+                  screen().press(XK_Down);
+                  screen().press(XK_KP_Enter);
+                  screen().press(XK_Down);
+                  screen().press(XK_KP_Enter);
+              }));
+}
+
+TEST_F(Filequestion, ALetterWithControlIsNoName) {
+    ask([] {
+        screen().press(XK_Down);
+        screen().press('q', ctrl_key);
+        keys("x");
+        EXPECT_COMES(typed() == "x");
+        screen().press(XK_Escape);
+    });
+}
+
+TEST_F(Filequestion, StandsOnTheScreenWhereverTheMainWindowIs) {
+    const int x = form->x();
+    const int y = form->y();
+    for (const auto& [left, top] : {
+             std::pair(-600, -400), {screenwidth - 20, screenheight - 20},
+               {200,              100              }
+    }) {
+        form->position(left, top);
+        ask([] {
+            const rectangle r = screen().place(screen().windows().back());
+            EXPECT_GE(r.x, 0);
+            EXPECT_GE(r.y, 0);
+            EXPECT_LE(r.x + r.w, screenwidth);
+            EXPECT_LE(r.y + r.h, screenheight);
+            screen().press(XK_Escape);
+        });
+    }
+    form->position(x, y);
 }
 
 TEST_F(Filequestion, HiddenNamesShowWhenOneIsBegun) {

@@ -77,6 +77,13 @@ TEST_F(Macrochoice, AnEmptyTableIsOneEmptyEntry) {
     expectlist();
 }
 
+TEST_F(Macrochoice, DeletingMovesTheLaterNamesUp) {
+    filltable(5);
+    answering({"b"}, deletedefinedmacro);
+    EXPECT_EQ("c", macnames[1]);
+    expectlist();
+}
+
 TEST_F(Macrochoice, DeletingTheOnlyMacroLeavesOneEmptyEntry) {
     filltable(1);
     answering({"a"}, deletedefinedmacro);

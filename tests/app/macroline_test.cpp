@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "app/driver.h"
 #include "app/macroline.h"
 #include "app/mainwindow.h"
 #include "app/my_input.h"
@@ -99,6 +100,25 @@ TEST_F(Macroline, StepsStayInsideATextThatWasShortened) {
     singlestepmacro();
     EXPECT_EQ(singlestepptr, 0);
     EXPECT_EQ(turns[0], noturn);
+}
+
+TEST_F(Macroline, AnArrowThatIsHeldStepsOnceATurnIsOver) {
+    TURNTIME = 50;
+    for (const auto& [key, position] : {std::pair(XK_Right, 2), std::pair(XK_Left, 0)}) {
+        inp->value("RU");
+        singlestepptr = 1;
+        startturn(8);
+        screen().key(static_cast<unsigned long>(key), true);
+        EXPECT_EQ(inp->handle(FL_KEYDOWN), 1);
+        EXPECT_EQ(singlestepptr, 1);
+        EXPECT_EQ(turns[turn], noturn);
+        finishturn();
+        EXPECT_EQ(inp->handle(FL_KEYDOWN), 1);
+        EXPECT_EQ(singlestepptr, position);
+        EXPECT_NE(turns[turn], noturn);
+        screen().key(static_cast<unsigned long>(key), false);
+        clearqueue();
+    }
 }
 
 TEST_F(Macroline, ApplyingAMacroChangesTheCubeAtOnceAndIsUndoable) {

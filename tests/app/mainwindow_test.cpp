@@ -178,6 +178,35 @@ TEST_F(Mainwindow, TheOtherWidgetsAreAtTheirPlaces) {
     EXPECT_EQ(form->child(form->children() - 1), cube);
 }
 
+TEST_F(Mainwindow, TextsGrowAndShrinkWithTheWindow) {
+    constexpr struct {
+        int w, h, letters;
+    } rows[] = {
+        {735,  462, 14},
+        {600,  377, 11},
+        {368,  900, 7 },
+        {900,  231, 7 },
+        {1,    1,   3 }, // no smaller than a quarter
+        {1200, 900, 14}, // and no larger than it was made
+    };
+
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.w);
+        form->size(row.w, row.h);
+        for (const Fl_Menu_* menu :
+             {static_cast<Fl_Menu_*>(menubar), static_cast<Fl_Menu_*>(choice)}) {
+            EXPECT_EQ(menu->textsize(), row.letters);
+            EXPECT_EQ(menu->labelsize(), row.letters);
+        }
+        for (const Fl_Input_* line : {static_cast<Fl_Input_*>(inp), static_cast<Fl_Input_*>(out)}) {
+            EXPECT_EQ(line->textsize(), row.letters);
+            EXPECT_EQ(line->labelsize(), row.letters);
+        }
+        EXPECT_EQ(solvebut->labelsize(), row.letters);
+    }
+    form->size(735, 462);
+}
+
 TEST_F(Mainwindow, HandlesNameTheButtonsTheyStandFor) {
     EXPECT_STREQ(solvebut->label(), "Solve Cube");
     EXPECT_STREQ(demo->label(), "Start Demo");

@@ -107,6 +107,20 @@ TEST_F(Messages, OfATextHigherThanTheScreenTheBeginningAndTheEndAreTold) {
     EXPECT_LT(breaks, screenheight / 14);
 }
 
+TEST_F(Messages, ATextThatJustFitsIsToldInFull) {
+    const auto lines = [](std::ptrdiff_t n) {
+        std::string text;
+        for (std::ptrdiff_t i = 1; i <= n; i++) {
+            text += "line " + std::to_string(i) + "\n";
+        }
+        return text;
+    };
+    const std::string cut = shownby([&] { showalert(lines(200).c_str()); });
+    const auto most = std::count(cut.begin(), cut.end(), '\n');
+    EXPECT_EQ(shownby([&] { showalert(lines(most).c_str()); }), lines(most));
+    EXPECT_NE(shownby([&] { showalert(lines(most + 1).c_str()); }), lines(most + 1));
+}
+
 TEST_F(Messages, AlertsThatAreHeldAreToldLaterAndOnce) {
     holdalerts();
     showalert("held"); // would wait for an answer that nobody gives

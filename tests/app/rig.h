@@ -10,6 +10,7 @@
 #include "window/xserver.h"
 
 #include <functional>
+#include <gtest/gtest.h> // before X11, whose macros have its names
 #include <string>
 
 xserver& screen();

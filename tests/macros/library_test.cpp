@@ -91,6 +91,12 @@ TEST_F(Library, ADollarSignMarksTheMacroAndIsNotStored) {
     EXPECT_EQ(1, showmac[3]);
 }
 
+TEST_F(Library, AMarkThatStoodInTheRowIsNotTheNewMacros) {
+    showmac[0] = 1;
+    addmacro("plain", "R");
+    EXPECT_EQ(0, showmac[0]);
+}
+
 TEST_F(Library, TheTableTakesFiveHundredMacrosAndNotOneMore) {
     fill(500);
     EXPECT_EQ(500, maccount);

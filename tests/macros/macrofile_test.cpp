@@ -117,6 +117,9 @@ TEST_F(Macrofile, AByteOrderMarkIsPassedOver) {
     load("\xef\xbb\xbfone\n\xef\xbb\xbfRU\n\xef\xbb\xbftwo\nF\n");
     EXPECT_EQ((texts{"one|\xef\xbb\xbfRU", "\xef\xbb\xbftwo|F"}), table());
     initlibrary();
+    load("\xef\xbb\xbf\xef\xbb\xbfone\nRU\n"); // only the first one is the file's
+    EXPECT_EQ((texts{"\xef\xbb\xbfone|RU"}), table());
+    initlibrary();
     load("\xef\xbbone\nRU\n");
     EXPECT_EQ((texts{"\xef\xbbone|RU"}), table());
     initlibrary();
@@ -344,6 +347,24 @@ TEST_F(Macrofile, ManyAndLongNamesMakeNoLongMessage) {
     const std::string text = shell.messages.back();
     EXPECT_NE(std::string::npos, text.find("\n9" + std::string(59, 'n') + "...\nand 20 more\n"));
     EXPECT_EQ(std::string::npos, text.find("\n10n"));
+}
+
+TEST_F(Macrofile, TenNamesOfSixtyLettersAreToldInFull) {
+    const std::string moves(150, 'R');
+    std::string told;
+    for (char c = 'a'; c < 'a' + 10; c++) {
+        addmacro(std::string(60, c).c_str(), moves.c_str());
+        told += std::string(60, c) + "\n";
+    }
+    shell.answers = {path};
+    dumpmacfile();
+    EXPECT_EQ("alert: Not to come back whole from this file:\n" + told +
+                  "A line of more than 97 characters is read as several.",
+              shell.messages.back());
+    addmacro("eleventh", moves.c_str());
+    shell.answers = {path};
+    dumpmacfile();
+    EXPECT_NE(std::string::npos, shell.messages.back().find(told + "and 1 more\n"));
 }
 
 TEST_F(Macrofile, AnEmptyTableIsDumpedWithoutAWord) {

@@ -63,6 +63,8 @@ class program {
 
     // The windows
 
+    void waitforwindow(); // for a program that was started without waiting
+
     windowid window() const { return main; }
 
     windowid view() const { return cubeview; }
@@ -130,7 +132,6 @@ class program {
     std::string keeppicture(const std::string& name) const;
 
   private:
-    void waitforwindow();
     double scale() const; // of the main window, which is smaller on a small screen
     bool painted();
     bool findtitles();

@@ -8,6 +8,7 @@
 #include <X11/keysym.h>
 
 #include <algorithm>
+#include <csignal>
 #include <cstdio>
 #include <memory>
 #include <sstream>
@@ -125,6 +126,41 @@ TEST_F(Start, MenusHaveTheirRows) {
     for (int i = 0; i < 5; i++) {
         EXPECT_EQ(3 * (heights[i] - heights[4]), row * (menus[i].rows - 1)) << menus[i].first;
     }
+}
+
+TEST_F(Start, TheViewHasTheKeyboardAndTheSpaceBarPressesNothing) {
+    ASSERT_TRUE(showsmodel());
+    screen.press(XK_space);
+    screen.press(XK_Return);
+    ASSERT_TRUE(vexel.waitquiet());
+    EXPECT_TRUE(showsmodel());
+    EXPECT_EQ(vexel.dialog(), 0UL);
+}
+
+// Somebody clicks into the line before the window is painted for the first time.
+TEST(StartInHaste, TheKeyboardStaysWhereTheHastyHavePutIt) {
+    xserver screen;
+    resetmodel();
+    program vexel(screen, {.wait = false});
+    windowid window = 0;
+    ASSERT_TRUE(waitfor(30, [&] {
+        const std::vector<windowid> all = screen.windows();
+        window = all.empty() ? 0 : all.back();
+        return window != 0;
+    }));
+    kill(vexel.child().pid(), SIGSTOP);
+    const rectangle r = screen.place(window);
+    screen.focus(window);
+    screen.click(r.x + macroplace.x + 20, r.y + macroplace.y + 9);
+    screen.type("RU");
+    kill(vexel.child().pid(), SIGCONT);
+    ASSERT_TRUE(waitfor(30, [&] { return vexel.child().isquiet(0.5); }));
+    screen.type("F\n");
+    parsing = 0;
+    parsestring("RUF", 3);
+    vexel.waitforwindow();
+    const verdict seen = vexel.waitforcube(cubecolors);
+    EXPECT_TRUE(seen.good) << seen.why;
 }
 
 TEST_F(Start, AButtonExplainsItself) {
