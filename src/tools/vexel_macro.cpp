@@ -519,7 +519,7 @@ void answerscrambles() {
             asked.from = macroform;
             flushanswers(); // the next one takes its time
         }
-        answerline({"scramble", i, false, text}, "");
+        answerline({"scramble", static_cast<std::size_t>(i), false, text}, "");
     }
 }
 
