@@ -128,7 +128,7 @@ struct place {
 std::vector<place> places; // of all that is in the window, as makeform has laid it out
 
 int scaled(int length, double scale) {
-    return std::max(1, static_cast<int>(length * scale)); // downwards, so that texts fit
+    return static_cast<int>(length * scale); // downwards, so that texts fit
 }
 
 // Texts begin in the size of the labels, so that one number scales both.

@@ -205,6 +205,8 @@ TEST_F(Mainwindow, TextsGrowAndShrinkWithTheWindow) {
         EXPECT_EQ(solvebut->labelsize(), row.letters);
     }
     form->size(735, 462);
+    expectplace(menubar, 0, 0, 735, 22); // as it was made
+    expectplace(cube, 2, 24, 436, 436);
 }
 
 TEST_F(Mainwindow, HandlesNameTheButtonsTheyStandFor) {
