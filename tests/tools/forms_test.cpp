@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -200,6 +201,36 @@ TEST_F(Forms, AMacroThatLooksLikeFaceletsIsOne) {
         macro += "FRUruf";
     }
     EXPECT_EQ(macroform, read(macro).form);
+}
+
+// Facelets are known by their six centres, or by nine of each letter.
+TEST_F(Forms, FaceletsWithAFaultAreFaceletsStill) {
+    std::string centres = homefacelets;
+    std::swap(centres[4], centres[9]);
+    EXPECT_EQ("column 14: \"R\" is on two centres", complaint(centres));
+    std::string tenth = homefacelets;
+    tenth[0] = 'R';
+    EXPECT_EQ("column 18: \"R\" comes more than nine times", complaint(tenth));
+    std::string both = homefacelets;
+    both[4] = 'R'; // ten of R, and on two centres: a macro
+    EXPECT_EQ(macroform, read(both).form);
+    EXPECT_EQ("54 letters are read as a macro, not as facelets\n", notes(both));
+    EXPECT_EQ(movesform, read(replaced(homefacelets, "UUUUUUUUU", "UUUU UUUUU")).form);
+}
+
+TEST_F(Forms, AMacroNearlyAsLongAsFaceletsHasANote) {
+    for (const auto& [length, noted] : {
+             std::pair(49, false), {50, true },
+               {53, true },
+               {55, true },
+               {58, true },
+               {59, false}
+    }) {
+        const std::string macro = (homefacelets + "FFFFF").substr(0, static_cast<unsigned>(length));
+        const std::string note =
+            std::to_string(length) + " letters are read as a macro, not as facelets\n";
+        EXPECT_EQ(noted ? note : "", notes(macro)) << length;
+    }
 }
 
 TEST_F(Forms, FaceletsMayHaveAnyLetters) {
