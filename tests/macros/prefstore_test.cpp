@@ -282,15 +282,23 @@ TEST_F(Prefstore, ALockedStoreIsTold) {
 
 // Several programs, and sudden ends
 
+// On a busy machine some are told that another is at it; they try again.
 TEST_F(Prefstore, MacrosDefinedBySeveralProgramsAreAllKept) {
     constexpr int programs = 4;
     constexpr int each = 12;
     for (int program = 0; program < programs; program++) {
         if (fork() == 0) {
+            std::ptrdiff_t failures = 0;
             for (int i = 0; i < each; i++) {
-                addprefmacro((std::to_string(program) + "." + std::to_string(i)).c_str(), "RU");
+                const std::string name = std::to_string(program) + "." + std::to_string(i);
+                do {
+                    shell.messages.clear();
+                    addprefmacro(name.c_str(), "RU");
+                } while (!shell.messages.empty() &&
+                         shell.messages.back().ends_with("Another program is changing it"));
+                failures += std::ssize(shell.messages);
             }
-            _exit(static_cast<int>(shell.messages.size()));
+            _exit(static_cast<int>(failures));
         }
     }
     for (int program = 0; program < programs; program++) {
