@@ -75,3 +75,19 @@ inline unsigned corner_code(int corner_class, int corner) {
 inline const corner_bound& corner_bound_of(int corner_class, int corner) {
     return corner_bounds[corner_code(corner_class, corner)];
 }
+
+// The whole corners, as the representative of their permutation's class sees them.
+struct whole_corners {
+    std::uint16_t corner_class, corner;
+
+    const corner_bound& bound() const { return corner_bound_of(corner_class, corner); }
+
+    // After a twist that the representative sees so.
+    whole_corners after(int seen) const {
+        const classified_corners to = corner_class_steps[corner_class][seen];
+        return {to.corner_class,
+                symmetry_on_corner[a_corner_steps[corner].after[seen]][to.symmetry]};
+    }
+
+    void prefetch() const { __builtin_prefetch(&corner_codes[corner_class][corner / 16]); }
+};

@@ -14,6 +14,8 @@ namespace {
 constexpr int log_buckets[near1_ordinary + 1] = {4, 4, 4, 6, 8, 10, 13, 16, 18};
 constexpr int key_bits[near1_ordinary + 1] = {12, 14, 15, 17, 19, 22, 25, 27, 28};
 
+static_assert(1u << key_bits[near1_ordinary] >= edge_class_count * a_corner_size); // any number
+
 constexpr int tag_bits = 32 - lead_bits;
 constexpr int spare_buckets = 16; // behind each table, so that nothing need wrap round
 

@@ -68,8 +68,8 @@ inline const std::uint32_t* lead_bucket(const lead_table& table, std::uint32_t h
     return table.cells + std::size_t{hash >> table.shift} * bucket_size;
 }
 
-// The leads of the number with that hash, which is that of a class within the table's length. 0 if
-// it is no member.
+// The leads of the number with that hash, which is that of a class within the table's length, or
+// any in the greatest table. 0 if it is no member.
 inline std::uint32_t lead_find(const std::uint32_t* bucket, std::uint32_t hash) {
     const std::uint32_t tag = hash & (~0u >> lead_bits);
     for (;; bucket += bucket_size) {
@@ -77,7 +77,9 @@ inline std::uint32_t lead_find(const std::uint32_t* bucket, std::uint32_t hash) 
         for (int i = 0; i < bucket_size; i++) {
             found |= bucket[i] >> lead_bits == tag ? bucket[i] : 0;
         }
-        if (found != 0 || bucket[bucket_size - 1] == 0) {
+        // One branch, not two: few buckets are full, and each of two would be mispredicted.
+        const bool missing = found == 0, full = bucket[bucket_size - 1] != 0;
+        if (!(missing & full)) {
             return found & lead_mask;
         }
     }

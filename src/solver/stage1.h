@@ -33,9 +33,10 @@ class stage1_walk {
     void run();
 
   private:
-    // Length from which on nodes are visited one by one again; the leads of these are always kept.
-    static constexpr int near_length = 5;
-    static_assert(near_length <= near1_initial);
+    // Length from which on nodes are visited one by one again. The leads of these are always kept,
+    // and so are those of what comes by a half turn from where children are asked for.
+    static constexpr int near_length = corner_ending_length;
+    static_assert(near_length < near1_initial - 1);
 
     // Length that the root of a block has left, or less.
     static constexpr int block_length = near1_greatest + 2;
@@ -46,15 +47,16 @@ class stage1_walk {
     static constexpr int path_top = 64 - path_bits;
     static_assert(a_twist_count <= 1 << path_bits && block_length * path_bits <= 64);
 
-    // Whole words where halves would do: what was written in parts is slow to be read at once.
     struct visit {
         std::uint16_t edge_class;
-        std::uint16_t corner; // as the representative of the class sees it
-        int symmetry;         // takes the real cube to the representative
-        int remaining;
-        int state; // sequence_state
+        std::uint16_t corner;  // as the representative of the class sees it
+        std::uint8_t symmetry; // takes the real cube to the representative
+        std::uint8_t remaining;
+        std::uint8_t state; // sequence_state
         classified_corners corners;
-        std::uint32_t leads; // the twists that lead on, where near1 keeps them; 0 if not looked up
+        // The twists that lead on, where near1 keeps them, as the representative sees them; 0 if
+        // not looked up.
+        std::uint32_t leads;
         std::uint64_t path;
 
         std::uint32_t number() const { return near1_number(edge_class, corner); }
@@ -62,9 +64,15 @@ class stage1_walk {
 
     // A child that a node may have: a state of which a table of near1 is asked.
     struct candidate {
-        std::uint32_t asked;  // number, or hash
+        std::uint32_t asked;  // number, or hash; in members the leads
         std::uint16_t parent; // in the chunk
         std::uint16_t seen;   // the twist, as the parent's representative sees it
+    };
+
+    // One with just corner_ending_length left, of which the whole corners are asked first.
+    struct ending_candidate {
+        whole_corners corners;
+        std::uint16_t parent, seen;
     };
 
     // So many nodes are asked for together; those that they leave make a list, which is walked when
@@ -80,7 +88,7 @@ class stage1_walk {
 
     // One more than there can be, as each is written before it is known to be one.
     struct candidate_list {
-        int count;
+        int count = 0;
         candidate entries[chunk_children + 1];
     };
 
@@ -89,34 +97,42 @@ class stage1_walk {
     bool walk_block(int depth, const visit& root);
     bool walk_list(visit_list& list, int level);
     void walk_near(const visit& node, int level);
+    void walk_child(const visit& node, int seen, int level);
 
     bool enter_chunk(int level, visit_list& out);
-    void follow(const visit& node, int level, visit_list& out);
+    void follow(int parent, int level, visit_list& out);
+    void follow_near(int parent, int seen, int level);
+    void sift_by_endings(int level);
     void gather_quarters(int level, visit_list& out);
     void gather_halves(int level, visit_list& out);
     void gather(int parent, std::uint32_t seen_twists, int remaining, int level, visit_list& out);
+    static std::uint32_t within(const visit& node, std::uint32_t seen_twists, int remaining);
     template <typename question>
-    void gather_some(int parent, std::uint32_t seen_twists, int remaining, candidate_list& to,
-                     question ask);
+    void gather_some(int parent, std::uint32_t seen_twists, candidate_list& to, question ask);
     void sift_by_bits(int level, visit_list& out);
     void sift_by_leads(int length);
+    void add(const candidate& from, int level, visit_list& out);
     void add_members(int level, visit_list& out);
 
     bool enter() const;
-    void after(const visit& node, int twist, visit& child) const;
-    void after(const visit& node, int twist, int level, visit& child) const;
-    void after_seen(const candidate& from, int level, visit& child) const;
-    std::uint32_t leads_of(const visit& node, std::uint32_t seen) const;
+    void after(const visit& node, int seen, visit& child) const;
+    void after(const visit& node, int seen, int level, visit& child) const;
     std::uint32_t leads_of(const visit& node) const;
     int limit_of(const visit& node) const;
     bool too_far(const visit& node) const;
+    whole_corners corners_of(const visit& node) const;
     void junction(const visit& node);
 
     a_node* stack;
     const int known; // length up to which members are told from others
     const int kept;  // length up to which their leads are kept
-    std::uint32_t allowed[sequence_state_count] = {}; // twists, by the state of the sequence
-    std::uint8_t next_state[twist_face_count][sequence_state_count] = {};
+
+    // Twists by the state of the sequence; and as a representative sees them, by the symmetry that
+    // takes the real cube there
+    std::uint32_t allowed[sequence_state_count] = {};
+    std::uint32_t seen_allowed[sequence_state_count][symmetry_count] = {};
+    std::uint8_t next_state[a_twist_count][sequence_state_count] = {};
+    std::uint8_t real_twist[symmetry_count][a_twist_count]; // of one that a representative sees
 
     // The block in work
     int block_depth = 0; // of its root
@@ -132,9 +148,10 @@ class stage1_walk {
     std::uint32_t passed[chunk_size];
 
     // Its candidates: of which the bits are asked, and the leads, of the length kept and the one
-    // below; and those that were found to have leads
+    // below; those that were found to have leads; and those of which the endings are asked
     candidate_list by_bits, by_leads[2], members;
-    std::uint32_t member_leads[chunk_children + 1];
+    int by_endings_count = 0;
+    ending_candidate by_endings[chunk_children];
 
     visit_list
         lists[block_length - near_length + 1]; // by the number of twists from the block's root

@@ -257,6 +257,47 @@ TEST_F(Search, TheOrderOfTheTwistsDecides) {
     }
 }
 
+// Corners that what is left of both stages just suffices for: one quarter turn less, and each of
+// these would get a longer answer or a later one. The answers are the plain twin's.
+TEST_F(Search, CornersThatAreJustNearEnoughAreKept) {
+    ASSERT_TRUE(near1_extend(near1_greatest) && corner_bounds_fill());
+
+    constexpr struct {
+        int depth;
+        const char *listing, *answer;
+    } rows[] = {
+        {10,
+         "DF FL RF UF LD DR RB UB UL LB RU BD "
+         "FUL FLD RFD UBL BUR DLB RDB FRU", "FUUBLLFUl"    },
+        {10,
+         "UF DB RU FR DR BR LB DL DF FL LU BU "
+         "ULF RBU BRD FRU RFD DFL BLU LBD", "bRRLLDDRdLL"  },
+        {10,
+         "UL FD DL BL UR BR DR FU RF UB LF DB "
+         "ULF DFL RDB LBD UFR LUB RBU DRF", "RlUDRRDDF"    },
+        {10,
+         "FD UB RD UR FR BR DB FU FL UL LB DL "
+         "UBL BDL RDB FLD FDR FRU FUL BUR", "UUFUrlbuFB"   },
+        {10,
+         "DF UB FU FL DR BR RU BL FR DL LU BD "
+         "UFR BRD FUL FLD DLB DRF RBU BLU", "FFBLuRRDDRDD" },
+        {10,
+         "UF UR LU DB BR DL DF LF DR BU RF BL "
+         "UFR LFU DLB UBL DRF BRD RBU DFL", "UUDRRFDRUU"   },
+        {10,
+         "BR DF UF LB DL DR UR BD FR UB FL UL "
+         "LDF DLB LUB RUF DRF BRD FUL URB", "UlbRRFFRRbULL"},
+        {11,
+         "DL DB UF RF DR LF UB UR BR FD LU BL "
+         "LDF DBR FUL URB BLU UFR RFD DLB", "RRLLUDLLfU"   },
+    };
+
+    for (const auto& row : rows) {
+        setsearchdepth(row.depth);
+        EXPECT_STREQ(my_user_enters_cube(row.listing), row.answer);
+    }
+}
+
 TEST_F(Search, AnUnlikelyLongSolutionIsFoundToo) {
     setsearchdepth(9);
     std::size_t longest = 0;
