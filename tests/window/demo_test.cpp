@@ -59,9 +59,7 @@ class Demo : public windowtest {
         return !saysstart() && moves() && moves();
     }
 
-    bool rests() {
-        return waitfor(20, [this] { return vexel.child().isquiet(); });
-    }
+    bool rests() const { return vexel.waitquiet(60); }
 
     // The states that the macro goes through, from the solved cube until it is solved again.
     static std::set<std::string> statesof(const std::string& macro) {
@@ -102,9 +100,10 @@ class Demo : public windowtest {
     // The demo is over: the button says so, no box is open and the cube at rest is one of states.
     void hasended(const std::set<std::string>& states) {
         EXPECT_TRUE(stopped());
-        ASSERT_TRUE(rests());
+        // On a busy machine a slow turn may seem to be over.
+        const bool good = waitfor(30, [&] { return rests() && states.contains(seen()); });
+        EXPECT_TRUE(good) << vexel.keeppicture("demo-ended");
         EXPECT_EQ(0U, vexel.dialog());
-        EXPECT_EQ(1U, states.count(seen())) << vexel.keeppicture("demo-ended");
     }
 
     // Leaves every box that a command has opened.
@@ -205,7 +204,7 @@ TEST_F(Demo, ALongMacroIsCutAtATurn) {
 // The first turn of the demo is slow: it is under way when the button is pressed, and the demo is
 // over before the button's turn has landed. So that turn is all that is left.
 TEST_F(Demo, ATurnButtonTakesTheTurnOver) {
-    vexel.setspeed(400);
+    vexel.setspeed(600);
     for (const auto& [button, code] :
          {std::pair("Ucw", 0), std::pair("LScw", 14), std::pair("DCcw", 21)}) {
         SCOPED_TRACE(button);

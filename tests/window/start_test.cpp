@@ -102,6 +102,17 @@ TEST_F(Start, EveryWidgetStandsInItsPlace) {
     EXPECT_TRUE(written(window, lengthplace)); // "0"
 }
 
+// Rows of the legend in the system's plain sans serif, often a wide one, would run over the frame.
+TEST_F(Start, TheLegendStaysInsideItsFrame) {
+    ASSERT_TRUE(showsmodel());
+    const rectangle r = legendplace;
+    const picture inside = vexel.part({r.x + 3, r.y + 3, r.w - 6, r.h - 6});
+    for (const int x : {0, inside.w() - 4}) {
+        const picture margin = inside.part({x, 0, 4, inside.h()});
+        EXPECT_EQ(margin.count(inside.commonest()), 4 * inside.h()) << x;
+    }
+}
+
 TEST_F(Start, MenusHaveTheirRows) {
     const struct {
         const char* first;
