@@ -14,6 +14,8 @@
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
+#include <filesystem>
+#include <fstream>
 #include <poll.h>
 #include <stdexcept>
 #include <thread>
@@ -114,6 +116,14 @@ constexpr std::pair<int, KeySym> modifierkeys[] = {
     {super_key, XK_Super_L  },
 };
 
+// Openbox opens this menu on a click beside all windows; its own has an entry that ends openbox.
+void writeemptymenu(const std::string& homepath) {
+    const std::filesystem::path folder = std::filesystem::path(homepath) / ".config" / "openbox";
+    std::filesystem::create_directories(folder);
+    std::ofstream(folder / "menu.xml") << R"(<openbox_menu xmlns="http://openbox.org/3.4/menu">)"
+                                       << R"(<menu id="root-menu" label="none"/></openbox_menu>)";
+}
+
 } // namespace
 
 xserver::xserver(const xserver_settings& settings)
@@ -179,6 +189,7 @@ void xserver::startmanager() {
     const char* other = std::getenv("VEXEL_MANAGER");
     const std::string command = other != nullptr ? other : "openbox --sm-disable";
     home = std::make_unique<scratchfolder>();
+    writeemptymenu(home->path());
     process_settings settings;
     settings.command = {"sh", "-c", "exec " + command};
     settings.environment = {
