@@ -3,6 +3,7 @@
 
 #include "model/turns.h"
 
+#include <cstdint>
 #include <cstring>
 
 // State
@@ -69,9 +70,9 @@ void trim(std::string& codes) {
 // The codes times over, trimmed, without writing out those that would be dropped: filled from the
 // end, where only the last undolimit + 1 need be exact.
 std::string repeated(const std::string& codes, int times) {
-    const size_t total = codes.size() * static_cast<size_t>(times);
-    const size_t length =
-        total > keptcodes ? undolimit + 1 + (total - undolimit - 1) % undodrop : total;
+    const std::uint64_t total = std::uint64_t{codes.size()} * static_cast<std::uint64_t>(times);
+    const auto length = static_cast<size_t>(
+        total > keptcodes ? undolimit + 1 + (total - undolimit - 1) % undodrop : total);
     std::string result(length, '\0');
     for (size_t end = length; end > 0;) {
         const size_t taken = end < codes.size() ? end : codes.size();
