@@ -229,6 +229,7 @@ struct session {
 
     void usualspeed() {
         perform("menu Set Cube Speed");
+        waitfor(10, [this] { return vexel->dialog() != 0; });
         perform("text 3");
         perform("key Return 0");
         speedset = done.size();
@@ -362,6 +363,7 @@ void look(session& s) {
     s.asked = 0;
     if (s.slowed()) {
         s.usualspeed();
+        calm(s); // no box stands before the cube
     }
     std::string letters;
     std::string why;
