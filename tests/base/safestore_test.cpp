@@ -33,9 +33,9 @@ class Safestore : public testing::Test {
     std::string store = home.file("a/b/store");
 };
 
-// Seconds that a piece of work takes.
 const std::string busy = "Another program is changing it";
 
+// Seconds that a piece of work takes.
 template <typename work_type> double timeof(const work_type& work) {
     const auto begin = std::chrono::steady_clock::now();
     work();
