@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
@@ -57,7 +58,8 @@ program::program(xserver& server, const program_settings& settings) : screen(ser
     home_path = own_home ? own_home->path() : settings.home;
     output_path = output_folder.path() + "/output.txt";
     process_settings start;
-    start.command = {settings.path.empty() ? VEXEL_PROGRAM : settings.path};
+    const std::string path = settings.path.empty() ? VEXEL_PROGRAM : settings.path;
+    start.command = {std::filesystem::absolute(path)}; // it is started in its home folder
     start.command.insert(start.command.end(), settings.arguments.begin(), settings.arguments.end());
     start.environment = {
         {"DISPLAY",         screen.name()   },
