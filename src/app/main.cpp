@@ -117,6 +117,19 @@ void waitforwindow() {
     }
 }
 
+// A window manager gave the keyboard to the window that came last, the panel. The view gets it
+// back, unless the hasty have it by now in the macro line, or in a dialog, which some versions of
+// the toolkit would put the window in front of.
+void regainkeyboard() {
+    if (Fl::modal() != nullptr) {
+        return;
+    }
+    takekeyboard();
+    if (Fl::focus() != inp) {
+        cube->take_focus();
+    }
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -138,13 +151,11 @@ int main(int argc, char** argv) {
     fitform(Fl::w(), Fl::h());
     form->show();
     cube->show();
+    cube->take_focus();
     initcubies();
     waitforwindow();
     macrodisplay(form->x() + paneldistance, form->y());
-    takekeyboard();           // a window manager gave it to the window that came last, the panel
-    if (Fl::focus() != inp) { // where the hasty are typing already
-        cube->take_focus();
-    }
+    regainkeyboard();
     Fl::add_idle(IdleFunc, nullptr);
     tellheldalerts();
     return Fl::run();

@@ -8,10 +8,12 @@
 #include <X11/keysym.h>
 
 #include <algorithm>
+#include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <memory>
 #include <sstream>
+#include <thread>
 
 namespace {
 
@@ -45,6 +47,17 @@ int inkat(const picture& view, modelpoint p) {
     const viewpixel at = project(p, false, view.w());
     const rectangle box = {static_cast<int>(at.x) + 1, static_cast<int>(at.y) - 11, 10, 11};
     return view.part(box).count({0, 0, 0});
+}
+
+// The program's window as soon as it is there.
+windowid firstwindow(const xserver& screen) {
+    windowid window = 0;
+    waitfor(30, [&] {
+        const std::vector<windowid> all = screen.windows();
+        window = all.empty() ? 0 : all.back();
+        return window != 0;
+    });
+    return window;
 }
 
 } // namespace
@@ -153,12 +166,8 @@ TEST(StartInHaste, TheKeyboardStaysWhereTheHastyHavePutIt) {
     xserver screen;
     resetmodel();
     program vexel(screen, {.wait = false});
-    windowid window = 0;
-    ASSERT_TRUE(waitfor(30, [&] {
-        const std::vector<windowid> all = screen.windows();
-        window = all.empty() ? 0 : all.back();
-        return window != 0;
-    }));
+    const windowid window = firstwindow(screen);
+    ASSERT_NE(window, 0UL);
     kill(vexel.child().pid(), SIGSTOP);
     const rectangle r = screen.place(window);
     screen.focus(window);
@@ -172,6 +181,48 @@ TEST(StartInHaste, TheKeyboardStaysWhereTheHastyHavePutIt) {
     vexel.waitforwindow();
     const verdict seen = vexel.waitforcube(cubecolors);
     EXPECT_TRUE(seen.good) << seen.why;
+}
+
+// A window that is covered is not painted, so that the start takes a second.
+TEST(StartInHaste, ADialogThatTheHastyHaveOpenedStaysInFront) {
+    xserver screen;
+    const windowid cover = screen.cover({0, 0, screenwidth, screenheight});
+    resetmodel();
+    program vexel(screen, {.wait = false});
+    const windowid window = firstwindow(screen);
+    ASSERT_NE(window, 0UL);
+    screen.focus(window);
+    // Returns once another menu is open.
+    const auto presswaiting = [&](unsigned long key) {
+        const std::vector<windowid> before = screen.popups(window);
+        screen.press(key);
+        ASSERT_TRUE(waitfor(10, [&] { return screen.popups(window) != before; }));
+    };
+    presswaiting(XK_F10);
+    presswaiting(XK_Right);
+    screen.press(XK_Down);
+    screen.press(XK_Down); // to Input Cube
+    screen.press(XK_Return);
+    const auto isopen = [&] {
+        return std::ranges::any_of(screen.windows(), [&](windowid w) {
+            return screen.title(w) == "Set Cube Face Colors";
+        });
+    };
+    ASSERT_TRUE(waitfor(30, isopen)) << vexel.keeppicture("no-dialog");
+    std::this_thread::sleep_for(std::chrono::seconds(1));
+    screen.uncover(cover);
+    const windowid top = screen.windows().back();
+    ASSERT_EQ("Set Cube Face Colors", screen.title(top)) << vexel.keeppicture("covered-dialog");
+
+    const rectangle finish = screen.place(top);
+    screen.click(finish.x + 47, finish.y + 437);
+    vexel.waitforwindow();
+    ASSERT_TRUE(vexel.waitnodialog());
+    screen.press(XK_space); // the view has the keyboard, and no button is pressed
+    screen.press(XK_Return);
+    ASSERT_TRUE(vexel.waitquiet());
+    EXPECT_TRUE(vexel.waitforcube(cubecolors));
+    EXPECT_EQ(vexel.dialog(), 0UL);
 }
 
 TEST_F(Start, AButtonExplainsItself) {
