@@ -159,12 +159,18 @@ bool process::isquiet(double seconds) const {
         numbers >> running_time >> queued_time;
         return queued_time * 1e-9;
     };
+    const auto sleeps = [this] { // a wait for a core is counted when it is over
+        return statusline("status", "State:").find("sleeping") != std::string::npos;
+    };
+    if (!sleeps()) {
+        return false;
+    }
     const long switches = voluntaryswitches();
     const double ran = cpuseconds();
     const double queued = waited();
     const double start = now();
     std::this_thread::sleep_for(std::chrono::duration<double>(seconds));
     const double took = now() - start;
-    return waited() - queued < 0.1 * took && cpuseconds() - ran < 0.1 * took &&
+    return sleeps() && waited() - queued < 0.1 * took && cpuseconds() - ran < 0.1 * took &&
            voluntaryswitches() - switches < 60 * took + 3;
 }
