@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "solver/search.h"
 
-#include "shell.h"
 #include "solver/growth.h"
 #include "solver/perms.h"
 #include "solver/pruning.h"
@@ -15,11 +14,6 @@ namespace {
 
 // Solutions of at most 27 quarter turns, or 28, are looked for first. Odd, as unreached is.
 constexpr int likely_bound = 29;
-
-// State
-
-int clicks;   // calls of testclick since it asked, 0..70000
-bool hurried; // after an interrupt before any solution: the first one that turns up is enough
 
 // The edge cubies that each sliceedge follows, labelled 1..4 in this order. ORDER CUBIE
 constexpr int marked_edges[3][4] = {
@@ -77,6 +71,8 @@ constinit int error = 0;
 constinit char outputstring[longest_search + 1] = "";
 constinit long long a_node_count = 0;
 constinit long long b_node_count = 0;
+constinit int clicks = 0;
+constinit bool hurried = false;
 
 void process_cube(cube_struc& cube) {
     int values[edge_count];
@@ -150,17 +146,4 @@ void output_solution(const a_node* stage1_stack, const b_node* stage2_stack) {
     shortest_solution = stage1_stack->remaining + stage2_stack->remaining;
     stage2_allotment = stage2_stack->remaining - increment;
     error = hurried ? 1 : error;
-}
-
-bool search_interrupted() {
-    return testclick() != 0 && !hurried;
-}
-
-int testclick() {
-    constexpr int calls_a_question = 70001;
-    if (++clicks < calls_a_question) {
-        return 0;
-    }
-    clicks = 0;
-    return alt_q();
 }

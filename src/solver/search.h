@@ -13,6 +13,7 @@
 // Order     all tables (initializesolve) before any search.
 #pragma once
 
+#include "shell.h"
 #include "solver/cubecheck.h"
 #include "solver/phase2.h"
 
@@ -53,6 +54,10 @@ extern char outputstring[longest_search + 1]; // text of the best solution; empt
 extern long long a_node_count; // nodes visited by the stages of the last search
 extern long long b_node_count;
 
+extern int clicks; // calls of testclick since it asked, 0..70000
+extern bool
+    hurried; // after an interrupt before any solution: the first one that turns up is enough
+
 // Search
 
 // Fills the coordinates of a cube that check_cube found good.
@@ -81,9 +86,18 @@ void stage2_search(const a_node* stage1_stack, b_node* stage2_stack);
 // Writes outputstring and tightens shortest_solution and stage2_allotment.
 void output_solution(const a_node* stage1_stack, const b_node* stage2_stack);
 
+// 1 if the user asks for an end. Asks the shell on every 70001st call only, as asking is slow.
+[[nodiscard]] inline int testclick() {
+    constexpr int calls_a_question = 70001;
+    if (++clicks < calls_a_question) {
+        return 0;
+    }
+    clicks = 0;
+    return alt_q();
+}
+
 // true if the search is to end, as the user asks for it. Not before there is any solution, if there
 // was none when it was asked for: the first one that turns up ends the search then.
-[[nodiscard]] bool search_interrupted();
-
-// 1 if the user asks for an end. Asks the shell on every 70001st call only, as asking is slow.
-[[nodiscard]] int testclick();
+[[nodiscard]] inline bool search_interrupted() {
+    return testclick() != 0 && !hurried;
+}
