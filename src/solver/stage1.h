@@ -38,8 +38,9 @@ class stage1_walk {
     static constexpr int near_length = corner_ending_length;
     static_assert(near_length < near1_initial - 1);
 
-    // Length that the root of a block has left, or less.
-    static constexpr int block_length = near1_greatest + 2;
+    // Length that the root of a block has left, or less. The shorter it is, the fewer nodes there
+    // are to fill a chunk with.
+    static constexpr int block_length = near1_greatest + 3;
 
     // The twists from the root of a block to a node are packed, the first one highest: so the
     // greater of two numbers is the sequence that comes later.
@@ -77,8 +78,8 @@ class stage1_walk {
 
     // So many nodes are asked for together; those that they leave make a list, which is walked when
     // it has enough.
-    static constexpr int chunk_size = 16;
-    static constexpr int list_enough = 48;
+    static constexpr int chunk_size = 24;
+    static constexpr int list_enough = 64;
     static constexpr int chunk_children = chunk_size * a_twist_count;
 
     struct visit_list {
