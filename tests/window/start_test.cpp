@@ -326,12 +326,10 @@ std::string ownwords(const std::string& output) {
 
 // Runs the program where it cannot show its window.
 void expectonesentence(xserver& screen, const std::string& display,
-                       const std::pair<std::string, std::string>& more = {"LIBGL", ""}) {
+                       const std::vector<std::pair<std::string, std::string>>& more = {}) {
     program_settings settings;
-    settings.environment = {
-        {"DISPLAY", display},
-        more
-    };
+    settings.environment = more;
+    settings.environment.emplace_back("DISPLAY", display);
     settings.wait = false;
     program vexel(screen, settings);
     const std::optional<int> status = vexel.child().waitexit(30);
@@ -357,21 +355,19 @@ TEST(StartWithoutOpenGL, SaysSoInOneSentence) {
     expectonesentence(screen, screen.name());
 }
 
-// The display offers the visuals of OpenGL, but there is no driver behind them, or the server does
-// not draw for others, or it says so and does not.
+// The display offers the visuals of OpenGL, but there is no driver behind them.
 TEST(StartWithoutOpenGL, IsNotTakenInByItsVisuals) {
-    const struct {
-        std::vector<std::string> server;
-        std::pair<std::string, std::string> environment;
-    } rows[] = {
-        {{"-iglx"}, {"LIBGL_ALWAYS_INDIRECT", "1"}         },
-        {{"+iglx"}, {"LIBGL_ALWAYS_INDIRECT", "1"}         },
-        {{"-iglx"}, {"LIBGL_DRIVERS_PATH", "/no/such/path"}},
-    };
-
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.server[0] + " " + row.environment.first);
-        xserver screen({.arguments = row.server});
-        expectonesentence(screen, screen.name(), row.environment);
+    xserver screen({.arguments = {"-iglx"}}); // it does not draw for others
+    expectonesentence(screen, screen.name(),
+                      {
+                          {"LIBGL_ALWAYS_INDIRECT", "1"}
+    });
+    for (const char* silence : {"context", "current", "error", "version", "blank"}) {
+        SCOPED_TRACE(silence);
+        expectonesentence(screen, screen.name(),
+                          {
+                              {"LD_PRELOAD", VEXEL_DEAF},
+                              {"VEXEL_DEAF", silence   }
+        });
     }
 }
