@@ -61,10 +61,8 @@ class Storm : public windowtest {
         }
     }
 
-    // Sends whatever is open away and stops whatever goes on. A demo stops at any command, and may
-    // pause for longer than one would wait.
+    // Sends whatever is open away and stops whatever goes on; a demo stops at any command.
     void calm() {
-        bool told = false;
         for (int i = 0; i < 20 && vexel.child().running(); i++) {
             screen.press(XK_Escape);
             if (vexel.dialog() != 0) {
@@ -73,11 +71,10 @@ class Storm : public windowtest {
                 } catch (const std::runtime_error&) {
                     continue; // the wait panel was taken for the box that came after it
                 }
-            } else if (told && vexel.waitquiet(1)) {
+            } else if (vexel.waitquiet(1)) {
                 return;
             } else {
                 vexel.pushbutton("Reset Cube");
-                told = true;
             }
         }
     }
