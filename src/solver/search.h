@@ -54,9 +54,8 @@ extern char outputstring[longest_search + 1]; // text of the best solution; empt
 extern long long a_node_count; // nodes visited by the stages of the last search
 extern long long b_node_count;
 
-extern int clicks; // calls of testclick since it asked, 0..70000
-extern bool
-    hurried; // after an interrupt before any solution: the first one that turns up is enough
+extern int clicks;   // calls of testclick since it asked, 0..70000
+extern bool hurried; // interrupted before any solution: the first one that turns up is enough
 
 // Search
 
